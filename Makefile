@@ -1,0 +1,18 @@
+# Everything that a developer types, one word each. CMakePresets.json says what the words mean.
+JOBS ?= $(shell nproc)
+SOURCES = $(shell git ls-files --cached --others --exclude-standard -- '*.h' '*.cpp' '*.mm')
+
+.PHONY: build test asan tsan cover fuzz bench format lint check layers macos
+
+build: ; @tools/preset release
+test: build ; @ctest --preset release
+asan: ; @tools/preset asan && ctest --preset asan
+tsan: ; @tools/preset tsan && ctest --preset tsan
+cover: ; @tools/preset cover && ctest --preset cover && tools/coverage
+fuzz: ; @tools/preset fuzz && tools/fuzz 60
+bench: build ; @tools/bench
+layers: ; @tools/layers
+macos: ; @tools/check-macos
+format: ; @clang-format-19 -i $(SOURCES)
+lint: ; @tools/lint
+check: layers lint test asan tsan macos
