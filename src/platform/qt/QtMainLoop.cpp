@@ -1,0 +1,98 @@
+#include "platform/qt/QtMainLoop.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPointer>
+#include <QRunnable>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+
+namespace pello {
+
+namespace {
+
+/// A posted action on its way to the main thread.
+class CallEvent final : public QEvent {
+public:
+    explicit CallEvent(std::function<void()> action) : QEvent(kType), action_(std::move(action)) {}
+
+    void call() const { action_(); }
+
+    static inline const auto kType = QEvent::Type(QEvent::registerEventType());
+
+private:
+    std::function<void()> action_;
+};
+
+/// One piece of background work. Both functions are destroyed where they were called, so that what
+/// a completion captured never dies on a worker.
+class Job final : public QRunnable {
+public:
+    Job(QObject& receiver, std::function<void()> work, std::function<void()> done)
+        : receiver_(receiver), work_(std::move(work)), done_(std::move(done)) {}
+
+    void run() override {
+        work_();
+        work_ = nullptr;
+        QCoreApplication::postEvent(&receiver_, new CallEvent(std::move(done_)));
+    }
+
+private:
+    QObject& receiver_;
+    std::function<void()> work_;
+    std::function<void()> done_;
+};
+
+} // namespace
+
+bool QtMainLoop::Receiver::event(QEvent* event) {
+    if (event->type() != CallEvent::kType) {
+        return QObject::event(event);
+    }
+    static_cast<const CallEvent*>(event)->call();
+    return true;
+}
+
+QtMainLoop::~QtMainLoop() {
+    workers_.clear();
+    workers_.waitForDone();
+}
+
+Date QtMainLoop::now() const {
+    const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return Date::fromUnix(Seconds(sinceEpoch).count());
+}
+
+void QtMainLoop::post(std::function<void()> action) {
+    QCoreApplication::postEvent(&receiver_, new CallEvent(std::move(action)));
+}
+
+Subscription QtMainLoop::after(std::chrono::milliseconds delay, std::function<void()> action) {
+    auto pending = std::make_shared<std::function<void()>>(std::move(action));
+    auto* timer = new QTimer(&receiver_);
+    timer->setTimerType(Qt::PreciseTimer);
+    timer->setSingleShot(true);
+    timer->callOnTimeout(&receiver_, [timer, pending] {
+        timer->deleteLater();
+        if (const auto due = std::exchange(*pending, nullptr)) {
+            due();
+        }
+    });
+    timer->start(std::max(delay, std::chrono::milliseconds(0)));
+    return Subscription([pending, alive = QPointer(timer)] {
+        *pending = nullptr;
+        if (alive) {
+            alive->stop();
+            alive->deleteLater();
+        }
+    });
+}
+
+void QtMainLoop::runInBackground(std::function<void()> work, std::function<void()> done) {
+    workers_.start(new Job(receiver_, std::move(work), std::move(done)));
+}
+
+} // namespace pello
