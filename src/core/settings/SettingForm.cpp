@@ -1,0 +1,199 @@
+#include "core/settings/SettingForm.h"
+
+#include "core/settings/DecimalText.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <system_error>
+
+namespace pello {
+namespace {
+
+using Paths = std::vector<std::filesystem::path>;
+using nlohmann::json;
+
+struct NumberRange {
+    std::string_view key;
+    int least;
+    int most;
+
+    template <class Number>
+    [[nodiscard]] bool contains(Number number) const {
+        return number >= static_cast<Number>(least) && number <= static_cast<Number>(most);
+    }
+    [[nodiscard]] std::string words() const {
+        return "from " + std::to_string(least) + " to " + std::to_string(most);
+    }
+};
+
+constexpr std::array kRanges{
+    NumberRange{"maximumResults", 1, 50},
+    NumberRange{"fontSize", 8, 72},
+    NumberRange{"switcherIconSize", 12, 128},
+    NumberRange{"commandTabIconSize", 12, 128},
+};
+
+NumberRange rangeOf(std::string_view key) {
+    const auto* const range = std::find_if(kRanges.begin(), kRanges.end(),
+                                           [key](const auto& entry) { return entry.key == key; });
+    return range != kRanges.end() ? *range : NumberRange{key, 1, 1000};
+}
+
+json parseJSON(std::string_view text) {
+    return json::parse(text, nullptr, /*allow_exceptions=*/false);
+}
+
+std::string dumped(const json& value) {
+    return value.dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
+template <class Record>
+std::optional<std::vector<Record>> parseRecords(std::string_view text) {
+    json list = parseJSON(text);
+    if (!list.is_array()) {
+        return std::nullopt;
+    }
+    for (json& element : list) {
+        if (element.is_object() && !element.contains("id")) {
+            element["id"] = Uuid::random().text();
+        }
+    }
+    return Record::decodeList(dumped(list));
+}
+
+} // namespace
+
+std::optional<bool> SettingForm<bool>::parse(std::string_view text, std::string_view /*key*/) {
+    if (text == "true" || text == "yes" || text == "on") {
+        return true;
+    }
+    if (text == "false" || text == "no" || text == "off") {
+        return false;
+    }
+    return std::nullopt;
+}
+
+std::string SettingForm<bool>::expected(std::string_view /*key*/) {
+    return "true or false";
+}
+
+std::optional<std::int64_t> SettingForm<std::int64_t>::parse(std::string_view text,
+                                                             std::string_view key) {
+    std::int64_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc{} || stop != end || !rangeOf(key).contains(number)) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+std::string SettingForm<std::int64_t>::expected(std::string_view key) {
+    return "a whole number " + rangeOf(key).words();
+}
+
+std::string SettingForm<double>::text(double value) {
+    return decimalText(value);
+}
+
+std::optional<double> SettingForm<double>::parse(std::string_view text, std::string_view key) {
+    const auto number = parseDecimal(text);
+    return number && rangeOf(key).contains(*number) ? number : std::nullopt;
+}
+
+std::string SettingForm<double>::expected(std::string_view key) {
+    return "a number " + rangeOf(key).words();
+}
+
+std::optional<KeyCombo> SettingForm<KeyCombo>::parse(std::string_view text,
+                                                     std::string_view /*key*/) {
+    return KeyCombo::fromStorage(text);
+}
+
+std::string SettingForm<KeyCombo>::expected(std::string_view /*key*/) {
+    return "a key code and modifier flags, such as 49:524288";
+}
+
+std::string SettingForm<std::optional<KeyCombo>>::text(const std::optional<KeyCombo>& value) {
+    return value ? value->storageValue() : "none";
+}
+
+std::optional<std::optional<KeyCombo>>
+SettingForm<std::optional<KeyCombo>>::parse(std::string_view text, std::string_view key) {
+    if (text == "none") {
+        return std::optional<KeyCombo>{};
+    }
+    const auto combo = SettingForm<KeyCombo>::parse(text, key);
+    return combo ? std::optional<std::optional<KeyCombo>>(combo) : std::nullopt;
+}
+
+std::string SettingForm<std::optional<KeyCombo>>::expected(std::string_view key) {
+    return SettingForm<KeyCombo>::expected(key) + ", or none";
+}
+
+std::optional<PanelPlacement> SettingForm<PanelPlacement>::parse(std::string_view text,
+                                                                 std::string_view /*key*/) {
+    const auto isFraction = [](double number) { return number >= 0 && number <= 1; };
+    const auto placement = PanelPlacement::fromStorage(text);
+    if (!placement || !isFraction(placement->centerX) || !isFraction(placement->top)) {
+        return std::nullopt;
+    }
+    return placement;
+}
+
+std::string SettingForm<PanelPlacement>::expected(std::string_view /*key*/) {
+    return "two fractions of the screen from 0 to 1, centre and top, such as 0.5:0.22";
+}
+
+std::string SettingForm<Paths>::text(const Paths& value) {
+    auto list = json::array();
+    for (const std::filesystem::path& path : value) {
+        list.push_back(path.string());
+    }
+    return dumped(list);
+}
+
+std::optional<Paths> SettingForm<Paths>::parse(std::string_view text, std::string_view /*key*/) {
+    const json list = parseJSON(text);
+    if (!list.is_array()) {
+        return std::nullopt;
+    }
+    Paths paths;
+    for (const json& element : list) {
+        if (!element.is_string()) {
+            return std::nullopt;
+        }
+        paths.emplace_back(element.get<std::string>());
+        if (!paths.back().is_absolute()) {
+            return std::nullopt;
+        }
+    }
+    return paths;
+}
+
+std::string SettingForm<Paths>::expected(std::string_view /*key*/) {
+    return R"(a JSON list of absolute paths, such as ["/opt/applications"])";
+}
+
+std::optional<std::vector<Bang>> SettingForm<std::vector<Bang>>::parse(std::string_view text,
+                                                                       std::string_view /*key*/) {
+    return parseRecords<Bang>(text);
+}
+
+std::string SettingForm<std::vector<Bang>>::expected(std::string_view /*key*/) {
+    return R"(a JSON list of objects with "keyword", "name" and "template")";
+}
+
+std::optional<std::vector<URLAlias>>
+SettingForm<std::vector<URLAlias>>::parse(std::string_view text, std::string_view /*key*/) {
+    return parseRecords<URLAlias>(text);
+}
+
+std::string SettingForm<std::vector<URLAlias>>::expected(std::string_view /*key*/) {
+    return R"(a JSON list of objects with "alias" and "url")";
+}
+
+} // namespace pello

@@ -1,0 +1,106 @@
+#include "core/settings/SettingsText.h"
+
+#include "base/Text.h"
+#include "core/settings/SettingForm.h"
+
+#include <algorithm>
+
+namespace pello {
+namespace {
+
+constexpr std::string_view kLaunchAtLogin = "launchAtLogin";
+constexpr std::size_t kQuotedCharacters = 40;
+
+template <class T>
+SettingsText::Entry entryOf(const Setting<T>& setting) {
+    return {setting.key(), SettingForm<T>::text(setting.get()),
+            SettingForm<T>::text(setting.defaultValue()), setting.isStored()};
+}
+
+SettingsText::Entry entryOf(const LaunchAtLogin& setting) {
+    return {std::string(kLaunchAtLogin), SettingForm<bool>::text(setting.get()),
+            SettingForm<bool>::text(false), setting.get()};
+}
+
+std::string quoted(std::string_view text) {
+    const auto characters = text::characterViews(text);
+    std::string shown;
+    for (std::size_t i = 0; i < std::min(characters.size(), kQuotedCharacters); ++i) {
+        shown += characters[i];
+    }
+    return '"' + shown + (characters.size() > kQuotedCharacters ? "…\"" : "\"");
+}
+
+std::string unknown(std::string_view key) {
+    return "there is no setting " + quoted(key);
+}
+
+template <class T>
+std::string unfit(std::string_view key, std::string_view text) {
+    return quoted(key) + " takes " + SettingForm<T>::expected(key) + ", not " + quoted(text);
+}
+
+/// Sets `setting` to what `text` says, or says why not.
+template <class T>
+std::optional<std::string> setFromText(Setting<T>& setting, std::string_view text) {
+    auto value = SettingForm<T>::parse(text, setting.key());
+    if (!value) {
+        return unfit<T>(setting.key(), text);
+    }
+    setting.set(std::move(*value));
+    return std::nullopt;
+}
+
+} // namespace
+
+std::vector<SettingsText::Entry> SettingsText::list() const {
+    std::vector<Entry> entries;
+    settings_.forEach([&entries](const auto& setting) { entries.push_back(entryOf(setting)); });
+    entries.push_back(entryOf(settings_.launchAtLogin));
+    return entries;
+}
+
+std::optional<SettingsText::Entry> SettingsText::get(std::string_view key) const {
+    auto entries = list();
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [key](const Entry& entry) { return entry.key == key; });
+    return found != entries.end() ? std::optional(std::move(*found)) : std::nullopt;
+}
+
+std::optional<std::string> SettingsText::set(std::string_view key, std::string_view text) {
+    if (key == kLaunchAtLogin) {
+        const auto value = SettingForm<bool>::parse(text, key);
+        return value ? setLaunchAtLogin(*value) : unfit<bool>(key, text);
+    }
+    std::optional<std::string> problem = unknown(key);
+    settings_.forEach([&](auto& setting) {
+        if (setting.key() == key) {
+            problem = setFromText(setting, text);
+        }
+    });
+    return problem;
+}
+
+std::optional<std::string> SettingsText::reset(std::string_view key) {
+    if (key == kLaunchAtLogin) {
+        return setLaunchAtLogin(false);
+    }
+    std::optional<std::string> problem = unknown(key);
+    settings_.forEach([&](auto& setting) {
+        if (setting.key() == key) {
+            setting.reset();
+            problem.reset();
+        }
+    });
+    return problem;
+}
+
+std::optional<std::string> SettingsText::setLaunchAtLogin(bool value) {
+    settings_.launchAtLogin.set(value);
+    if (settings_.launchAtLogin.get() != value) {
+        return "the system refused to change " + quoted(kLaunchAtLogin);
+    }
+    return std::nullopt;
+}
+
+} // namespace pello

@@ -1,0 +1,121 @@
+#include "core/settings/SettingsText.h"
+
+#include "platform/memory/MemoryLoginItem.h"
+#include "platform/memory/MemoryUserDefaults.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace pello {
+namespace {
+
+using testing::Eq;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Optional;
+using testing::StartsWith;
+
+class SettingsTextTest : public testing::Test {
+protected:
+    /// What setting `key` to `text` leads to: the value as text, or the complaint.
+    std::string after(std::string_view key, std::string_view setTo) {
+        if (const auto problem = text.set(key, setTo)) {
+            return *problem;
+        }
+        return text.get(key)->value;
+    }
+
+    MemoryUserDefaults defaults;
+    MemoryLoginItem loginItem;
+    PelloSettings settings{defaults, loginItem};
+    SettingsText text{settings};
+};
+
+TEST_F(SettingsTextTest, ListsEverySettingOnceAndEachTextReadsBack) {
+    const auto entries = text.list();
+    EXPECT_EQ(entries.size(), 28U);
+    EXPECT_EQ(entries.front().key, "activation");
+    EXPECT_EQ(entries.back().key, "launchAtLogin");
+    for (const auto& entry : entries) {
+        EXPECT_FALSE(entry.isStored) << entry.key;
+        EXPECT_EQ(after(entry.key, entry.value), entry.value) << entry.key;
+        EXPECT_EQ(text.get(entry.key)->defaultValue, entry.defaultValue) << entry.key;
+    }
+}
+
+TEST_F(SettingsTextTest, TakesWhatFits) {
+    EXPECT_EQ(after("activation", "capsLock"), "capsLock");
+    EXPECT_EQ(after("glyphCombo", "49:262144"), "49:262144");
+    EXPECT_EQ(after("glyphCombo", "none"), "none");
+    EXPECT_EQ(after("usesGlass", "off"), "false");
+    EXPECT_EQ(after("maximumResults", "50"), "50");
+    EXPECT_EQ(after("fontSize", "18"), "18.0");
+    EXPECT_EQ(after("panelPlacement", "1:0"), "1.0:0.0");
+    EXPECT_EQ(after("extraDirectories", R"( ["/a b", "/ü"] )"), R"(["/a b","/ü"])");
+    EXPECT_EQ(after("launchAtLogin", "yes"), "true");
+    EXPECT_TRUE(loginItem.enabled);
+}
+
+TEST_F(SettingsTextTest, SaysWhatASettingTakes) {
+    EXPECT_EQ(after("maximumResults", "x"),
+              R"("maximumResults" takes a whole number from 1 to 50, not "x")");
+    EXPECT_EQ(after("usesGlass", ""), R"("usesGlass" takes true or false, not "")");
+    EXPECT_EQ(after("commandTabPosition", "Top"),
+              R"("commandTabPosition" takes one of withLauncher, top, center, bottom, not "Top")");
+    EXPECT_THAT(after("glyphCombo", "49"), HasSubstr("or none, not \"49\""));
+    EXPECT_EQ(after("fontsize", "12"), R"(there is no setting "fontsize")");
+    EXPECT_THAT(after("bangs", '[' + std::string(5000, 'a')),
+                StartsWith(R"("bangs" takes a JSON)"));
+    EXPECT_LT(after("bangs", '[' + std::string(5000, 'a')).size(), 200U);
+    EXPECT_THAT(defaults.storedKeys(), IsEmpty());
+}
+
+TEST_F(SettingsTextTest, RefusesWhatWouldNotBeUsable) {
+    for (const auto& [key, value] : std::vector<std::pair<std::string, std::string>>{
+             {"maximumResults", "0"},
+             {"maximumResults", "51"},
+             {"maximumResults", "8.0"},
+             {"maximumResults", "99999999999999999999"},
+             {"fontSize", "7.9"},
+             {"fontSize", "nan"},
+             {"fontSize", "1e3"},
+             {"switcherIconSize", "-26"},
+             {"panelPlacement", "1.5:0.2"},
+             {"extraDirectories", "/a"},
+             {"extraDirectories", R"(["relative"])"},
+             {"extraDirectories", R"([""])"},
+             {"bangs", R"([{"keyword":"x"}])"},
+             {"urlAliases", "{}"},
+             {"keyCombo", "none"},
+         }) {
+        EXPECT_THAT(text.set(key, value), Optional(HasSubstr("takes"))) << key << ' ' << value;
+    }
+    EXPECT_EQ(defaults.writeCount(), 0);
+}
+
+TEST_F(SettingsTextTest, ARecordTypedWithoutAnIdGetsOne) {
+    EXPECT_THAT(
+        text.set("bangs", R"([{"keyword":"x","name":"X","template":"https://x.example/"}])"),
+        Eq(std::nullopt));
+    EXPECT_EQ(settings.bangs().at(0).name, "X");
+    EXPECT_NE(settings.bangs().at(0).id, Uuid{});
+}
+
+TEST_F(SettingsTextTest, ResetShowsTheDefaultAgain) {
+    EXPECT_EQ(after("maximumResults", "9"), "9");
+    EXPECT_EQ(text.get("maximumResults")->defaultValue, "8");
+    EXPECT_TRUE(text.get("maximumResults")->isStored);
+    EXPECT_THAT(text.reset("maximumResults"), Eq(std::nullopt));
+    EXPECT_EQ(text.get("maximumResults")->value, "8");
+    EXPECT_FALSE(text.get("maximumResults")->isStored);
+    EXPECT_THAT(text.reset("nothing"), Optional(HasSubstr("no setting")));
+}
+
+TEST_F(SettingsTextTest, SaysThatTheSystemRefused) {
+    loginItem.refuses = true;
+    EXPECT_THAT(after("launchAtLogin", "true"), HasSubstr("refused"));
+    EXPECT_EQ(text.get("launchAtLogin")->value, "false");
+}
+
+} // namespace
+} // namespace pello
