@@ -171,6 +171,13 @@ std::size_t characterCount(std::string_view utf8) {
     return count;
 }
 
+std::optional<char32_t> singleScalar(std::string_view utf8) {
+    if (!isSingleScalar(utf8)) {
+        return std::nullopt;
+    }
+    return static_cast<char32_t>(firstScalar(utf8));
+}
+
 std::string_view droppingFirst(std::string_view utf8, std::size_t count) {
     std::size_t seen = 0;
     std::size_t rest = utf8.size();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,9 @@ namespace pello::text {
 [[nodiscard]] std::vector<std::string> characters(std::string_view utf8);
 
 [[nodiscard]] std::size_t characterCount(std::string_view utf8);
+
+/// The scalar that `utf8` consists of; nothing when it has none, or more than one.
+[[nodiscard]] std::optional<char32_t> singleScalar(std::string_view utf8);
 
 /// `utf8` without its first `count` characters; empty when it has no more than that.
 [[nodiscard]] std::string_view droppingFirst(std::string_view utf8, std::size_t count);
