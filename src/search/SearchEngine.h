@@ -2,6 +2,7 @@
 
 #include "core/items/SearchResult.h"
 #include "search/PreparedList.h"
+#include "search/SearchExplanation.h"
 #include "search/UsageStore.h"
 
 #include <cstddef>
@@ -18,5 +19,11 @@ namespace pello::SearchEngine {
 [[nodiscard]] std::vector<SearchResult> results(std::string_view query, const Catalogue& catalogue,
                                                 std::span<const LaunchItemRef> quickActions,
                                                 const UsageStore& usage, std::ptrdiff_t limit);
+
+/// The rows of `results`, each with what made its place.
+[[nodiscard]] std::vector<SearchExplanation> explain(std::string_view query,
+                                                     const Catalogue& catalogue,
+                                                     std::span<const LaunchItemRef> quickActions,
+                                                     const UsageStore& usage, std::ptrdiff_t limit);
 
 } // namespace pello::SearchEngine

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "base/Date.h"
 #include "base/Signal.h"
+#include "base/Subscription.h"
 #include "platform/MainLoop.h"
 #include "platform/UserDefaults.h"
 
@@ -9,7 +11,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 
 namespace pello {
@@ -17,9 +18,26 @@ namespace pello {
 /// Learns from what the user runs, and lifts those items in later searches.
 ///
 /// Keeps how often and how recently each item ran, and which item ran last for each query. Every
-/// change is written through to the defaults at once. Main thread only.
+/// change is written through to the defaults at once, and what another process wrote there is
+/// taken over. Main thread only.
 class UsageStore {
 public:
+    /// How often and when an item ran.
+    struct Record {
+        std::int64_t count = 0;
+        Date lastUsed;
+        friend bool operator==(const Record&, const Record&) = default;
+    };
+    using Records = std::map<std::string, Record, std::less<>>;
+
+    /// What lifts an item. Every part is finite and never negative.
+    struct Boost {
+        double recency = 0;   ///< 28 at the moment of use, halving every 14 days
+        double frequency = 0; ///< log2 of the runs plus one
+        double binding = 0;   ///< 400 for the item that ran last for the very query
+        [[nodiscard]] double sum() const { return recency * frequency + binding; }
+    };
+
     /// Loads what was learned before. Data that cannot be decoded counts as absent.
     /// `defaults` and `loop` must outlive the store.
     UsageStore(UserDefaults& defaults, const MainLoop& loop);
@@ -30,6 +48,9 @@ public:
     /// The learned bonus for `itemID` under `query` as typed. Never negative.
     [[nodiscard]] double boost(std::string_view itemID, std::string_view query) const;
 
+    /// The same, in its parts.
+    [[nodiscard]] Boost boostParts(std::string_view itemID, std::string_view query) const;
+
     /// Forgets items that are neither in `keeping` nor spared.
     void prune(const std::unordered_set<std::string>& keeping,
                const std::function<bool(std::string_view)>& sparing);
@@ -37,12 +58,23 @@ public:
     /// Forgets everything.
     void forgetAll();
 
+    /// What is known of each item, by its id.
+    [[nodiscard]] const Records& records() const { return records_; }
+
     /// Emitted after every change of the learned data.
     Signal<> changed;
 
 private:
+    using Bindings = std::map<std::string, std::string, std::less<>>;
+
+    void load();
+    void persist();
+
     UserDefaults& defaults_;
     const MainLoop& loop_;
+    Records records_;
+    Bindings bindings_; // normalised query to item id
+    Subscription changedElsewhere_;
 };
 
 } // namespace pello

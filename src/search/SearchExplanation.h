@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/items/SearchResult.h"
+#include "search/ItemMatch.h"
+#include "search/UsageStore.h"
+
+#include <optional>
+#include <string>
+
+namespace pello {
+
+/// A row of the results, and what made its place.
+struct SearchExplanation {
+    SearchResult result;
+
+    enum class Origin {
+        match,       ///< a text of the item matched: see `match`
+        quickAction, ///< made from the query and merged at its fixed place
+        learned      ///< nothing was typed: shown for its boost alone
+    };
+    Origin origin = Origin::match;
+
+    /// The text that matched and its score, before the boost.
+    std::optional<ItemMatch> match;
+    /// What was learned about the item.
+    UsageStore::Boost boost;
+    /// Of two equal scores the higher priority is first, then the title in the locale's order,
+    /// then the catalogue's order.
+    int kindPriority = 0;
+    /// The row above has the same score: one of the rules for ties set the order.
+    bool isTiedWithRowAbove = false;
+};
+
+/// The result's `Origin` and the matched text in words, for a listing: "title", "keyword",
+/// "exact keyword", "combined", "quick action", "learned".
+[[nodiscard]] std::string_view originName(const SearchExplanation& explanation);
+
+} // namespace pello
