@@ -13,6 +13,8 @@ target_compile_options(pello_flags INTERFACE
     -Wnon-virtual-dtor -Woverloaded-virtual -Werror
     # Scores are compared bit for bit: a fused multiply-add would change them.
     -ffp-contract=off
+    # A designated initialiser leaves out what has a sensible default; that is what it is for.
+    -Wno-missing-field-initializers
     # g++ 12 reports variables of std::optional and std::variant that are never read unset.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 

@@ -1,5 +1,6 @@
-#include "core/controller/Completion.h"
 #include "core/controller/SearchMode.h"
+
+#include "core/controller/Completion.h"
 
 #include <gtest/gtest.h>
 

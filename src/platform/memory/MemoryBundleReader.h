@@ -11,7 +11,9 @@ namespace pello {
 /// candidate that the table does not name is not listed.
 class MemoryBundleReader final : public BundleReader {
 public:
-    explicit MemoryBundleReader(std::string extension = "app") : extension_(std::move(extension)) {}
+    explicit MemoryBundleReader(std::string extension = "app",
+                                std::vector<std::filesystem::path> standardFolders = {})
+        : folders(std::move(standardFolders)), extension_(std::move(extension)) {}
 
     std::vector<std::filesystem::path> folders;
     std::vector<std::filesystem::path> always;

@@ -1,0 +1,292 @@
+#include "core/controller/PelloController.h"
+
+#include "base/Text.h"
+#include "core/controller/Completion.h"
+#include "core/controller/SearchMode.h"
+#include "search/SearchEngine.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace pello {
+namespace {
+
+// Glyphs are browsed rather than picked from the first rows, whatever `maximumResults` says.
+constexpr std::ptrdiff_t kMaximumGlyphResults = 60;
+
+} // namespace
+
+class PelloController::Change {
+public:
+    explicit Change(PelloController& controller) : controller_(controller) {
+        ++controller_.openChanges_;
+    }
+    ~Change() {
+        if (--controller_.openChanges_ == 0 && std::exchange(controller_.hasChanged_, false)) {
+            controller_.changed.emit();
+        }
+    }
+    Change(const Change&) = delete;
+    Change& operator=(const Change&) = delete;
+
+private:
+    PelloController& controller_;
+};
+
+PelloController::PelloController(const ControllerParts& parts) : parts_(parts) {
+    parts_.indexer.onIndexChanged = [this] { sourcesChanged(); };
+    subscriptions_.push_back(parts_.settings.changed.connect([this] {
+        configureIndexer();
+        refresh();
+    }));
+    subscriptions_.push_back(parts_.usage.changed.connect([this] { refresh(); }));
+    parts_.indexer.configure(parts_.settings.searchDirectories(parts_.bundles.standardFolders()));
+    refresh();
+}
+
+// What the panel shows
+
+void PelloController::setQuery(std::string_view query) {
+    if (query == query_) {
+        return;
+    }
+    const Change change(*this);
+    if (!isRecallingHistory_) {
+        historyCursor_.reset();
+    }
+    query_ = query;
+    announce();
+    refresh();
+}
+
+void PelloController::setSelection(int row) {
+    const Change change(*this);
+    const int before = std::exchange(selection_, std::max(0, row));
+    clampSelection();
+    if (selection_ != before) {
+        announce();
+    }
+}
+
+std::optional<std::string> PelloController::inlineCompletion() const {
+    if (selection_ != 0 || results_.empty()) {
+        return std::nullopt;
+    }
+    return completion(query_, results_.front().item->title);
+}
+
+void PelloController::acceptCompletion() {
+    if (const auto rest = inlineCompletion()) {
+        setQuery(query_ + *rest);
+    }
+}
+
+void PelloController::report(std::string_view sentence) {
+    const Change change(*this);
+    if (notice_ != sentence) {
+        notice_ = sentence;
+        announce();
+    }
+}
+
+void PelloController::dismissNotice() {
+    const Change change(*this);
+    if (std::exchange(notice_, std::nullopt)) {
+        announce();
+    }
+}
+
+void PelloController::announce() {
+    hasChanged_ = true;
+}
+
+// Searching
+
+void PelloController::refresh() {
+    const Change change(*this);
+    if (parts_.settings.startsCompact.get() && text::isBlank(query_)) {
+        replaceResults({});
+        setSelection(0);
+        return;
+    }
+    replaceResults(search());
+    setSelection(selection_);
+}
+
+std::vector<SearchResult> PelloController::search() const {
+    if (!parts_.glyphs.empty()) {
+        const SearchMode mode = SearchMode::of(query_);
+        if (mode.kind == SearchMode::Kind::glyphs) {
+            return SearchEngine::results(mode.text, parts_.glyphs, {}, parts_.usage,
+                                         kMaximumGlyphResults);
+        }
+    }
+    return SearchEngine::results(query_, catalogue(), {}, parts_.usage,
+                                 parts_.settings.maximumResults.get());
+}
+
+void PelloController::replaceResults(std::vector<SearchResult> results) {
+    if (results != results_) {
+        results_ = std::move(results);
+        announce();
+    }
+}
+
+void PelloController::clampSelection() {
+    const int last = static_cast<int>(results_.size()) - 1;
+    selection_ = std::max(0, std::min(selection_, last));
+}
+
+Catalogue PelloController::catalogue() const {
+    return {parts_.indexer.items()};
+}
+
+// Running
+
+const SearchResult* PelloController::selectedResult() const {
+    const auto row = static_cast<std::size_t>(selection_);
+    return row < results_.size() ? &results_[row] : nullptr;
+}
+
+void PelloController::runSelection() {
+    if (const SearchResult* result = selectedResult()) {
+        run(LaunchItemRef(result->item)); // a copy: running replaces the results
+    }
+}
+
+void PelloController::revealSelection() {
+    const SearchResult* result = selectedResult();
+    if (result != nullptr && result->item->revealURL) {
+        const auto file = *result->item->revealURL;
+        hide();
+        parts_.workspace.reveal(file);
+    }
+}
+
+void PelloController::run(const LaunchItemRef& item) {
+    parts_.queryHistory.record(query_);
+    hide();
+    if (!item->isEphemeral) {
+        // The glyph learned for ":fire" is the one for "emoji fire" too.
+        const SearchMode mode = SearchMode::of(query_);
+        const bool isGlyphQuery = mode.kind == SearchMode::Kind::glyphs;
+        parts_.usage.record(item->id, isGlyphQuery ? mode.text : query_);
+    }
+    parts_.loop.post([item] {
+        if (item->run) {
+            item->run();
+        }
+    });
+}
+
+// History
+
+void PelloController::recallOlder() {
+    const auto& entries = parts_.queryHistory.entries();
+    const int next = historyCursor_ ? *historyCursor_ + 1 : 0;
+    if (next >= static_cast<int>(entries.size())) {
+        return;
+    }
+    if (!historyCursor_) {
+        draftQuery_ = query_;
+    }
+    recall(entries[static_cast<std::size_t>(next)], next);
+}
+
+void PelloController::recallNewer() {
+    if (!historyCursor_) {
+        return;
+    }
+    if (*historyCursor_ == 0) {
+        recall(draftQuery_, std::nullopt);
+        return;
+    }
+    const int next = *historyCursor_ - 1;
+    const auto& entries = parts_.queryHistory.entries();
+    if (next < static_cast<int>(entries.size())) {
+        recall(entries[static_cast<std::size_t>(next)], next);
+    }
+}
+
+void PelloController::recall(std::string text, std::optional<int> cursor) {
+    isRecallingHistory_ = true;
+    setQuery(text);
+    isRecallingHistory_ = false;
+    historyCursor_ = cursor;
+}
+
+// The panel
+
+void PelloController::show(std::string_view prefilling) {
+    {
+        const Change change(*this);
+        ++presentationToken_;
+        selection_ = 0;
+        historyCursor_.reset();
+        if (query_ != prefilling) {
+            setQuery(prefilling);
+        } else {
+            refresh(); // what was learned weighs less with every minute
+        }
+        announce();
+    }
+    if (panel_ != nullptr) {
+        panel_->present();
+    }
+}
+
+void PelloController::hide() {
+    if (panel_ != nullptr && panel_->isPresented()) {
+        panel_->dismiss();
+    }
+}
+
+void PelloController::toggle() {
+    if (panel_ != nullptr && panel_->isPresented()) {
+        hide();
+    } else {
+        show();
+    }
+}
+
+void PelloController::endPanelDrag(const PanelPlacement& placement) {
+    isDragging_ = false;
+    parts_.settings.panelPlacement.set(placement);
+}
+
+void PelloController::resetPanelPlacement() {
+    parts_.settings.panelPlacement.set(PanelPlacement{});
+}
+
+// The sources
+
+void PelloController::configureIndexer() {
+    const auto wanted = parts_.settings.searchDirectories(parts_.bundles.standardFolders());
+    if (wanted != parts_.indexer.directories()) {
+        parts_.indexer.configure(wanted);
+        parts_.indexer.rescan();
+    }
+}
+
+void PelloController::reindex(Pruning pruning) {
+    prunesAfterScan_ = prunesAfterScan_ || pruning == Pruning::forgetMissing;
+    parts_.indexer.rescan();
+}
+
+void PelloController::sourcesChanged() {
+    if (std::exchange(prunesAfterScan_, false)) {
+        pruneUsage();
+    }
+    refresh();
+}
+
+void PelloController::pruneUsage() {
+    std::unordered_set<std::string> existing;
+    for (const LaunchItem& item : parts_.indexer.items()->items()) {
+        existing.insert(item.id);
+    }
+    // Only applications have been scanned in full: whatever else is missing may come back.
+    parts_.usage.prune(existing, [](std::string_view id) { return !id.starts_with("app:"); });
+}
+
+} // namespace pello

@@ -1,0 +1,156 @@
+#pragma once
+
+#include "base/Signal.h"
+#include "core/controller/LauncherPanel.h"
+#include "core/items/SearchResult.h"
+#include "core/settings/PelloSettings.h"
+#include "core/settings/QueryHistory.h"
+#include "platform/BundleReader.h"
+#include "platform/MainLoop.h"
+#include "platform/Workspace.h"
+#include "search/PreparedList.h"
+#include "search/UsageStore.h"
+#include "sources/AppIndexer.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pello {
+
+/// What the controller works with. Everything must outlive it.
+struct ControllerParts {
+    PelloSettings& settings;
+    AppIndexer& indexer;
+    UsageStore& usage;
+    QueryHistory& queryHistory;
+    MainLoop& loop;
+    Workspace& workspace;
+    const BundleReader& bundles;
+    /// What glyph searches search. Without glyphs their prefixes mean nothing special.
+    Catalogue glyphs = {};
+};
+
+/// Owns the launcher's state: what is typed, what was found, which row is selected.
+///
+/// Every keystroke ends in `setQuery` and is answered before it returns; nothing on that road waits
+/// for anything. Main thread only; lives until the program quits.
+class PelloController {
+public:
+    enum class Pruning { keepAll, forgetMissing };
+
+    explicit PelloController(const ControllerParts& parts);
+
+    // What the panel shows
+
+    [[nodiscard]] const std::string& query() const { return query_; }
+
+    /// Takes `query` as typed and refreshes the results; the text that stands already does nothing.
+    void setQuery(std::string_view query);
+
+    /// Best first. Valid until the next change.
+    [[nodiscard]] std::span<const SearchResult> results() const { return results_; }
+
+    /// The selected row; 0 when there are no results.
+    [[nodiscard]] int selection() const { return selection_; }
+
+    /// Selects `row`, or the nearest that exists.
+    void setSelection(int row);
+
+    /// What would complete the typed text to the first result's title; nothing when there is no
+    /// such text or another row is selected.
+    [[nodiscard]] std::optional<std::string> inlineCompletion() const;
+
+    /// Types the completion, if there is one.
+    void acceptCompletion();
+
+    /// A sentence that the user should see, until dismissed: what could not be read, saved or
+    /// opened.
+    [[nodiscard]] const std::optional<std::string>& notice() const { return notice_; }
+    void report(std::string_view sentence);
+    void dismissNotice();
+
+    /// Emitted after the query, the results, the selection or the notice changed, once per change.
+    Signal<> changed;
+
+    // What the user does
+
+    /// Steps to the previous query in the history, or back towards the text typed before.
+    void recallOlder();
+    void recallNewer();
+
+    /// Runs or reveals the selected row. Without one, nothing.
+    void runSelection();
+    void revealSelection();
+
+    /// Records the choice, hides the panel and starts the item's action in a later turn of the main
+    /// loop.
+    void run(const LaunchItemRef& item);
+
+    // The panel
+
+    /// `panel` must outlive the controller or be replaced; null for none.
+    void setPanel(LauncherPanel* panel) { panel_ = panel; }
+
+    /// Presents the panel with `prefilling` typed and the first row selected.
+    void show(std::string_view prefilling = {});
+    void hide();
+    void toggle();
+
+    /// How often the panel was presented.
+    [[nodiscard]] int presentationToken() const { return presentationToken_; }
+
+    /// The user moves the panel; while that goes on it is not placed anew.
+    void beginPanelDrag() { isDragging_ = true; }
+    void endPanelDrag(const PanelPlacement& placement);
+    void resetPanelPlacement();
+    [[nodiscard]] bool isPanelDragged() const { return isDragging_; }
+
+    // The sources
+
+    /// Recomputes the results and clamps the selection.
+    void refresh();
+
+    /// The items of a normal search, one list per source, in the order that breaks ties.
+    [[nodiscard]] Catalogue catalogue() const;
+
+    /// Scans the sources again. With `forgetMissing`, what was learned about items that are gone
+    /// is forgotten once the scan has ended.
+    void reindex(Pruning pruning = Pruning::keepAll);
+
+    [[nodiscard]] PelloSettings& settings() { return parts_.settings; }
+
+private:
+    [[nodiscard]] const SearchResult* selectedResult() const;
+    [[nodiscard]] std::vector<SearchResult> search() const;
+    void replaceResults(std::vector<SearchResult> results);
+    void clampSelection();
+    void recall(std::string text, std::optional<int> cursor);
+    void configureIndexer();
+    void sourcesChanged();
+    void pruneUsage();
+    void announce();
+
+    /// Emits `changed` once at its end, however many changes an operation makes.
+    class Change;
+
+    ControllerParts parts_;
+    LauncherPanel* panel_ = nullptr;
+    std::string query_;
+    std::vector<SearchResult> results_;
+    int selection_ = 0;
+    int presentationToken_ = 0;
+    std::optional<std::string> notice_;
+    std::optional<int> historyCursor_;
+    std::string draftQuery_;
+    bool isRecallingHistory_ = false;
+    bool isDragging_ = false;
+    bool prunesAfterScan_ = false;
+    int openChanges_ = 0;
+    bool hasChanged_ = false;
+    std::vector<Subscription> subscriptions_;
+};
+
+} // namespace pello
