@@ -1,12 +1,6 @@
 #include "core/controller/PelloController.h"
 
-#include "platform/memory/MemoryBundleReader.h"
-#include "platform/memory/MemoryFolderWatcher.h"
-#include "platform/memory/MemoryLoginItem.h"
-#include "platform/memory/MemoryMainLoop.h"
-#include "platform/memory/MemoryUserDefaults.h"
-#include "platform/memory/MemoryWorkspace.h"
-#include "support/TemporaryFolder.h"
+#include "support/MemoryLauncher.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -34,69 +28,11 @@ private:
     bool isShown_ = false;
 };
 
-/// A launcher over a folder of applications, on a desktop in memory.
-class PelloControllerTest : public testing::Test {
+class PelloControllerTest : public testing::Test, protected MemoryLauncher {
 protected:
-    PelloControllerTest() {
-        for (const char* name : {"Safari", "Safe Mode", "Terminal", "Text Editor"}) {
-            install(name);
-        }
-        reindex();
-    }
+    PelloControllerTest() { install({"Safari", "Safe Mode", "Terminal", "Text Editor"}); }
 
-    void install(const std::string& name) {
-        bundles.descriptions[folder.makeFolder("Applications/" + name + ".app")] = {.name = name};
-    }
-    void uninstall(const std::string& name) {
-        std::filesystem::remove_all(applications / (name + ".app"));
-    }
-    void reindex(PelloController::Pruning pruning = PelloController::Pruning::keepAll) {
-        controller.reindex(pruning);
-        loop.settle();
-    }
-
-    [[nodiscard]] std::vector<std::string> titles() const {
-        std::vector<std::string> titles;
-        for (const SearchResult& result : controller.results()) {
-            titles.push_back(result.item->title);
-        }
-        return titles;
-    }
-    std::vector<std::string> found(std::string_view query) {
-        controller.setQuery(query);
-        return titles();
-    }
-    /// Types `query` and runs row `row` of what it finds.
-    void pick(std::string_view query, int row = 0) {
-        controller.setQuery(query);
-        controller.setSelection(row);
-        controller.runSelection();
-        loop.settle();
-    }
-    [[nodiscard]] std::string idOf(const std::string& name) const {
-        return "app:" + (applications / (name + ".app")).string();
-    }
-
-    TemporaryFolder folder;
-    std::filesystem::path applications = folder.makeFolder("Applications");
-    MemoryMainLoop loop{Date{100'000'000}};
-    MemoryUserDefaults defaults;
-    MemoryLoginItem loginItem;
-    MemoryFolderWatcher watcher;
-    MemoryBundleReader bundles{"app", {applications}};
-    MemoryWorkspace workspace;
     NotingPanel panel;
-    PelloSettings settings{defaults, loginItem};
-    UsageStore usage{defaults, loop};
-    QueryHistory history{defaults};
-    AppIndexer indexer{loop, watcher, bundles, workspace, folder.path()};
-    PelloController controller{{.settings = settings,
-                                .indexer = indexer,
-                                .usage = usage,
-                                .queryHistory = history,
-                                .loop = loop,
-                                .workspace = workspace,
-                                .bundles = bundles}};
 };
 
 TEST_F(PelloControllerTest, EachEditReplacesTheResultsBeforeItReturns) {
@@ -164,7 +100,7 @@ TEST_F(PelloControllerTest, RunningRecordsHidesAndThenOpens) {
     EXPECT_THAT(history.entries(), ElementsAre(" Saf"));
     EXPECT_THAT(workspace.openedApplications, IsEmpty()) << "not before the next turn of the loop";
     loop.settle();
-    EXPECT_THAT(workspace.openedApplications, ElementsAre(applications / "Safari.app"));
+    EXPECT_THAT(workspace.openedApplications, ElementsAre(path("Safari")));
     EXPECT_DOUBLE_EQ(usage.boost(idOf("Safari"), "saf"), 28 + 400);
 }
 
@@ -194,7 +130,7 @@ TEST_F(PelloControllerTest, RevealShowsTheFileAndHidesThePanel) {
     controller.show("term");
     controller.revealSelection();
     EXPECT_FALSE(panel.isPresented());
-    EXPECT_THAT(workspace.revealed, ElementsAre(applications / "Terminal.app"));
+    EXPECT_THAT(workspace.revealed, ElementsAre(path("Terminal")));
     controller.setQuery("no such thing");
     controller.revealSelection();
     controller.runSelection();
@@ -252,8 +188,7 @@ TEST_F(PelloControllerTest, TogglingPresentsAfreshWithTheFirstRowSelected) {
 
 TEST_F(PelloControllerTest, ResultsFollowTheSourcesAndTheSettings) {
     controller.setQuery("saf");
-    install("Safeguard");
-    reindex();
+    install({"Safeguard"});
     EXPECT_THAT(titles(), ElementsAre("Safari", "Safe Mode", "Safeguard"));
     settings.maximumResults.set(1);
     EXPECT_THAT(titles(), ElementsAre("Safari"));

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "core/controller/PelloController.h"
+#include "platform/memory/MemoryBundleReader.h"
+#include "platform/memory/MemoryFolderWatcher.h"
+#include "platform/memory/MemoryLoginItem.h"
+#include "platform/memory/MemoryMainLoop.h"
+#include "platform/memory/MemoryUserDefaults.h"
+#include "platform/memory/MemoryWorkspace.h"
+#include "support/TemporaryFolder.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pello {
+
+/// A whole launcher over a folder of applications, on a desktop in memory.
+class MemoryLauncher {
+public:
+    /// Makes applications of these names and indexes them.
+    void install(const std::vector<std::string>& names) {
+        for (const std::string& name : names) {
+            bundles.descriptions[folder.makeFolder("Applications/" + name + ".app")] = {.name =
+                                                                                            name};
+        }
+        reindex();
+    }
+
+    void uninstall(const std::string& name) { std::filesystem::remove_all(path(name)); }
+
+    void reindex(PelloController::Pruning pruning = PelloController::Pruning::keepAll) {
+        controller.reindex(pruning);
+        loop.settle();
+    }
+
+    /// The titles of the rows, from the top.
+    [[nodiscard]] std::vector<std::string> titles() const {
+        std::vector<std::string> titles;
+        for (const SearchResult& result : controller.results()) {
+            titles.push_back(result.item->title);
+        }
+        return titles;
+    }
+
+    /// The titles that `query` finds.
+    std::vector<std::string> found(std::string_view query) {
+        controller.setQuery(query);
+        return titles();
+    }
+
+    /// Types `query` and runs row `row` of what it finds.
+    void pick(std::string_view query, int row = 0) {
+        controller.setQuery(query);
+        controller.setSelection(row);
+        controller.runSelection();
+        loop.settle();
+    }
+
+    /// The names of the applications that were opened, in order.
+    [[nodiscard]] std::vector<std::string> opened() const {
+        std::vector<std::string> names;
+        for (const auto& application : workspace.openedApplications) {
+            names.push_back(application.stem().string());
+        }
+        return names;
+    }
+
+    [[nodiscard]] std::filesystem::path path(const std::string& name) const {
+        return applications / (name + ".app");
+    }
+    [[nodiscard]] std::string idOf(const std::string& name) const {
+        return "app:" + path(name).string();
+    }
+
+    TemporaryFolder folder;
+    std::filesystem::path applications = folder.makeFolder("Applications");
+    MemoryMainLoop loop{Date{100'000'000}};
+    MemoryUserDefaults defaults;
+    MemoryLoginItem loginItem;
+    MemoryFolderWatcher watcher;
+    MemoryBundleReader bundles{"app", {applications}};
+    MemoryWorkspace workspace;
+    PelloSettings settings{defaults, loginItem};
+    UsageStore usage{defaults, loop};
+    QueryHistory history{defaults};
+    AppIndexer indexer{loop, watcher, bundles, workspace, folder.path()};
+    PelloController controller{{.settings = settings,
+                                .indexer = indexer,
+                                .usage = usage,
+                                .queryHistory = history,
+                                .loop = loop,
+                                .workspace = workspace,
+                                .bundles = bundles}};
+};
+
+} // namespace pello
