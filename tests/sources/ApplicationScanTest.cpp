@@ -17,11 +17,13 @@ class ApplicationScanTest : public testing::Test {
 protected:
     /// Makes the file `relative` an application that names itself `name`.
     void add(const fs::path& relative, std::optional<std::string> name = std::nullopt) {
-        reader.descriptions[folder.write(relative, "")] = {std::move(name), {}, {}};
+        reader.descriptions[folder.write(relative, "")] = {
+            .name = std::move(name), .bundleIdentifier = {}, .keywords = {}};
     }
 
     std::vector<std::string> scan(const std::vector<fs::path>& relatives) const {
         std::vector<fs::path> directories;
+        directories.reserve(relatives.size());
         for (const fs::path& relative : relatives) {
             directories.push_back(folder.path() / relative);
         }

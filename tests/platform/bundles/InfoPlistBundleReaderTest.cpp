@@ -39,7 +39,9 @@ TEST(InfoDictionaryTest, AgentsOfTheSystemAreNotListed) {
 }
 
 TEST(InfoDictionaryTest, TheDisplayNameComesFirstIfItIsAString) {
-    const auto name = [](PropertyDictionary info) { return describeBundle("/A.app", info)->name; };
+    const auto name = [](const PropertyDictionary& info) {
+        return describeBundle("/A.app", info)->name;
+    };
     EXPECT_EQ(name({{"CFBundleDisplayName", "Shown"}, {"CFBundleName", "Short"}}), "Shown");
     EXPECT_EQ(name({{"CFBundleDisplayName", 7}, {"CFBundleName", "Short"}}), "Short");
     EXPECT_EQ(name({{"CFBundleDisplayName", " "}, {"CFBundleName", "Short"}}), " ");
