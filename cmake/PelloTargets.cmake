@@ -8,6 +8,8 @@ set(PELLO_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
 add_library(pello_flags INTERFACE)
 target_compile_features(pello_flags INTERFACE cxx_std_20)
 target_include_directories(pello_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+# Signals have an emit of their own, which Qt's macro of that name would take away.
+target_compile_definitions(pello_flags INTERFACE QT_NO_KEYWORDS)
 target_compile_options(pello_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Werror
