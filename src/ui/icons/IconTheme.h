@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pello {
+
+/// Finds image files by icon name, as the freedesktop icon theme standard lays them out.
+///
+/// Reads the themes' indexes once, when made; immutable after that, so that any thread may search
+/// it, several at a time. A theme that is missing or cannot be read has no icons.
+class IconTheme {
+public:
+    /// Searches the themes `names`, each followed by those that it inherits from, then hicolor, in
+    /// the folders `roots` in order of precedence; at last, images that lie directly in a root.
+    IconTheme(std::span<const std::string> names, std::vector<std::filesystem::path> roots);
+
+    /// The folders that the standard names for this user.
+    [[nodiscard]] static std::vector<std::filesystem::path> standardRoots();
+
+    /// The image of icon `name` that suits a square of `pixels` best; rather too large than too
+    /// small. Of the themes the first that has the icon in any size decides.
+    [[nodiscard]] std::optional<std::filesystem::path> find(std::string_view name,
+                                                            int pixels) const;
+
+    /// One folder of a theme: the sizes, in pixels, that its images are drawn for.
+    struct Folder {
+        std::string path;
+        int size = 0;
+        int smallest = 0;
+        int largest = 0;
+    };
+
+private:
+    struct Theme {
+        std::string name;
+        std::vector<Folder> folders;
+    };
+
+    void add(const std::string& name);
+    [[nodiscard]] std::optional<std::filesystem::path>
+    findIn(const Theme& theme, const std::string& name, int pixels) const;
+
+    std::vector<std::filesystem::path> roots_;
+    std::vector<Theme> themes_;
+};
+
+} // namespace pello

@@ -1,0 +1,98 @@
+#include "ui/icons/IconLoader.h"
+
+#include "platform/memory/MemoryMainLoop.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace pello {
+namespace {
+
+using State = IconLoader::State;
+
+/// Names the image that lies beside each application.
+class NeighbourIcons final : public IconSource {
+public:
+    [[nodiscard]] std::optional<std::string>
+    iconName(const std::filesystem::path& application) const override {
+        return application.string() + ".png";
+    }
+};
+
+class IconLoaderTest : public testing::Test {
+protected:
+    void draw(const std::string& name, QSize size) {
+        QImage image(size, QImage::Format_ARGB32);
+        image.fill(Qt::red);
+        ASSERT_TRUE(image.save(QString::fromStdString((folder.path() / name).string())));
+    }
+    IconLoader::Answer ask(const std::string& name) {
+        return icons->ofFile(folder.path() / name, 32);
+    }
+
+    TemporaryFolder folder;
+    MemoryMainLoop loop;
+    std::unique_ptr<IconLoader> icons = std::make_unique<IconLoader>(
+        loop, std::make_shared<NeighbourIcons>(),
+        std::make_shared<const IconTheme>(std::vector<std::string>{},
+                                          std::vector<std::filesystem::path>{}));
+};
+
+TEST_F(IconLoaderTest, AnImageArrivesLaterAndFillsTheSquareInProportion) {
+    draw("app.png", {128, 64});
+    int announcements = 0;
+    const auto counting = icons->loaded.connect([&] { ++announcements; });
+    EXPECT_EQ(ask("app").state, State::loading);
+    EXPECT_EQ(ask("app").state, State::loading);
+    EXPECT_EQ(loop.backgroundCount(), 1U) << "it is loaded once, however often it is painted";
+    loop.settle();
+    EXPECT_EQ(announcements, 1);
+    EXPECT_EQ(ask("app").state, State::ready);
+    EXPECT_EQ(ask("app").image.size(), QSize(32, 16));
+    EXPECT_EQ(loop.backgroundCount(), 0U);
+}
+
+TEST_F(IconLoaderTest, WhatIsMissingIsLookedForAgainOnlyWhenAsked) {
+    folder.write("broken.png", "no image at all");
+    for (const char* name : {"broken", "absent"}) {
+        (void)ask(name);
+        loop.settle();
+        EXPECT_EQ(ask(name).state, State::missing) << name;
+    }
+    draw("absent.png", {32, 32});
+    EXPECT_EQ(ask("absent").state, State::missing);
+    icons->forgetMissing();
+    (void)ask("absent");
+    loop.settle();
+    EXPECT_EQ(ask("absent").state, State::ready);
+}
+
+TEST_F(IconLoaderTest, ManyImagesDoNotStayForEver) {
+    draw("app.png", {32, 32});
+    (void)ask("app");
+    for (int pixels = 33; pixels < 512; pixels += 4) {
+        (void)icons->ofFile(folder.path() / "app", pixels);
+        loop.settle();
+    }
+    EXPECT_EQ(ask("app").state, State::ready);
+    draw("large.png", {400, 400});
+    for (int pixels = 300; pixels < 400; ++pixels) {
+        (void)icons->ofFile(folder.path() / "large", pixels);
+        loop.settle();
+    }
+    EXPECT_EQ(ask("app").state, State::loading) << "those shown last pushed it out";
+}
+
+TEST_F(IconLoaderTest, AnImageThatArrivesAfterTheLoaderDiedIsDropped) {
+    draw("app.png", {32, 32});
+    (void)ask("app");
+    icons.reset();
+    loop.settle();
+}
+
+} // namespace
+} // namespace pello

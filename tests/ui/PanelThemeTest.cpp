@@ -1,0 +1,66 @@
+#include "ui/theme/PanelTheme.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace pello {
+namespace {
+
+double linear(double channel) {
+    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+/// Relative luminance, 0 to 1.
+double luminance(const QColor& color) {
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double lighter = std::max(luminance(one), luminance(other));
+    const double darker = std::min(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// `color` as it shows when `opacity` of it lies over `behind`.
+QColor over(const QColor& color, double opacity, const QColor& behind) {
+    const auto mix = [&](float above, float below) {
+        return float(above * opacity + below * (1 - opacity));
+    };
+    return QColor::fromRgbF(mix(color.redF(), behind.redF()), mix(color.greenF(), behind.greenF()),
+                            mix(color.blueF(), behind.blueF()));
+}
+
+void expectReadable(const PanelTheme& theme) {
+    constexpr double kReadable = 4.5;
+    for (const QColor& behind : {QColor(Qt::black), QColor(Qt::white)}) {
+        const QColor glass = over(theme.ground, theme.glassOpacity, behind);
+        for (const QColor& ground : {theme.ground, glass, theme.selection}) {
+            for (const QColor& text : {theme.text, theme.dim, theme.accent}) {
+                EXPECT_GE(contrast(text, ground), kReadable)
+                    << text.name().toStdString() << " on " << ground.name().toStdString();
+            }
+        }
+    }
+    EXPECT_GE(contrast(theme.dim, theme.chip), kReadable);
+    EXPECT_GE(contrast(theme.failure, theme.failureGround), kReadable);
+}
+
+TEST(PanelThemeTest, TextIsReadableOnEveryGround) {
+    expectReadable(PanelTheme::light());
+    expectReadable(PanelTheme::dark());
+}
+
+TEST(PanelThemeTest, FollowsThePaletteOfTheDesktop) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(30, 30, 30));
+    palette.setColor(QPalette::WindowText, QColor(230, 230, 230));
+    EXPECT_EQ(PanelTheme::matching(palette).ground, PanelTheme::dark().ground);
+    palette.setColor(QPalette::Window, QColor(240, 240, 240));
+    palette.setColor(QPalette::WindowText, QColor(20, 20, 20));
+    EXPECT_EQ(PanelTheme::matching(palette).ground, PanelTheme::light().ground);
+}
+
+} // namespace
+} // namespace pello
