@@ -81,6 +81,9 @@ public:
     void recallOlder();
     void recallNewer();
 
+    /// Which entry of the history is shown; nothing while it is what the user typed.
+    [[nodiscard]] std::optional<int> historyCursor() const { return historyCursor_; }
+
     /// Runs or reveals the selected row. Without one, nothing.
     void runSelection();
     void revealSelection();

@@ -1,0 +1,149 @@
+#include "ui/panel/PanelKeys.h"
+
+#include <algorithm>
+#include <array>
+
+namespace pello {
+
+struct PanelKeys::Binding {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    bool (PanelKeys::*action)();
+};
+
+bool PanelKeys::handle(const QKeyEvent& event) {
+    static const auto kBindings = std::to_array<Binding>({
+        {Qt::Key_Return, Qt::NoModifier, &PanelKeys::run},
+        {Qt::Key_Enter, Qt::NoModifier, &PanelKeys::run},
+        {Qt::Key_Up, Qt::NoModifier, &PanelKeys::previousOrOlder},
+        {Qt::Key_Down, Qt::NoModifier, &PanelKeys::nextOrNewer},
+        {Qt::Key_P, Qt::ControlModifier, &PanelKeys::previous},
+        {Qt::Key_N, Qt::ControlModifier, &PanelKeys::next},
+        {Qt::Key_Up, Qt::AltModifier, &PanelKeys::older},
+        {Qt::Key_Down, Qt::AltModifier, &PanelKeys::newer},
+        {Qt::Key_PageUp, Qt::NoModifier, &PanelKeys::pageUp},
+        {Qt::Key_PageDown, Qt::NoModifier, &PanelKeys::pageDown},
+        {Qt::Key_Home, Qt::NoModifier, &PanelKeys::toFirst},
+        {Qt::Key_End, Qt::NoModifier, &PanelKeys::toLast},
+        {Qt::Key_Tab, Qt::NoModifier, &PanelKeys::complete},
+        {Qt::Key_Backtab, Qt::ShiftModifier, &PanelKeys::swallow},
+        {Qt::Key_Right, Qt::NoModifier, &PanelKeys::completeByRight},
+        {Qt::Key_Left, Qt::NoModifier, &PanelKeys::completeByLeft},
+        {Qt::Key_Escape, Qt::NoModifier, &PanelKeys::clearOrClose},
+        {Qt::Key_R, Qt::ControlModifier, &PanelKeys::reveal},
+    });
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9) {
+        return runRow(event.key() - Qt::Key_1);
+    }
+    const auto found = std::ranges::find_if(kBindings, [&](const Binding& binding) {
+        return binding.key == event.key() && binding.modifiers == modifiers;
+    });
+    return found != kBindings.end() && (this->*found->action)();
+}
+
+bool PanelKeys::run() {
+    controller_.runSelection();
+    return true;
+}
+
+bool PanelKeys::previous() {
+    select(controller_.selection() - 1);
+    return true;
+}
+
+bool PanelKeys::next() {
+    select(controller_.selection() + 1);
+    return true;
+}
+
+bool PanelKeys::previousOrOlder() {
+    return controller_.selection() == 0 ? older() : previous();
+}
+
+bool PanelKeys::nextOrNewer() {
+    const bool isRecalling = controller_.historyCursor().has_value();
+    return isRecalling && controller_.selection() == 0 ? newer() : next();
+}
+
+bool PanelKeys::older() {
+    controller_.recallOlder();
+    return true;
+}
+
+bool PanelKeys::newer() {
+    controller_.recallNewer();
+    return true;
+}
+
+bool PanelKeys::pageUp() {
+    select(controller_.selection() - list_.rowsInView());
+    return true;
+}
+
+bool PanelKeys::pageDown() {
+    select(controller_.selection() + list_.rowsInView());
+    return true;
+}
+
+bool PanelKeys::toFirst() {
+    if (!field_.isCaretAtStart()) {
+        return false;
+    }
+    select(0);
+    return true;
+}
+
+bool PanelKeys::toLast() {
+    if (!field_.isCaretAtEnd()) {
+        return false;
+    }
+    select(static_cast<int>(controller_.results().size()) - 1);
+    return true;
+}
+
+bool PanelKeys::complete() {
+    controller_.acceptCompletion();
+    return true;
+}
+
+bool PanelKeys::completeByRight() {
+    return !field_.runsRightToLeft() && completeAtEnd();
+}
+
+bool PanelKeys::completeByLeft() {
+    return field_.runsRightToLeft() && completeAtEnd();
+}
+
+bool PanelKeys::completeAtEnd() {
+    return field_.isCaretAtEnd() && controller_.inlineCompletion() && complete();
+}
+
+bool PanelKeys::clearOrClose() {
+    if (controller_.query().empty()) {
+        controller_.hide();
+    } else {
+        controller_.setQuery("");
+    }
+    return true;
+}
+
+bool PanelKeys::reveal() {
+    controller_.revealSelection();
+    return true;
+}
+
+bool PanelKeys::runRow(int row) {
+    const auto results = controller_.results();
+    if (static_cast<std::size_t>(row) < results.size()) {
+        controller_.run(LaunchItemRef(results[static_cast<std::size_t>(row)].item));
+    }
+    return true;
+}
+
+void PanelKeys::select(int row) {
+    const int last = static_cast<int>(controller_.results().size()) - 1;
+    controller_.setSelection(std::clamp(row, 0, std::max(0, last)));
+}
+
+} // namespace pello

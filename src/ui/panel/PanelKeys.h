@@ -1,0 +1,51 @@
+#pragma once
+
+#include "core/controller/PelloController.h"
+#include "ui/panel/ResultList.h"
+#include "ui/panel/SearchField.h"
+
+#include <QKeyEvent>
+
+namespace pello {
+
+/// What each key means while the panel has the keyboard, beyond editing the text.
+class PanelKeys {
+public:
+    /// All must outlive this object.
+    PanelKeys(PelloController& controller, const SearchField& field, const ResultList& list)
+        : controller_(controller), field_(field), list_(list) {}
+
+    /// Does what `event` asks for. False when the key is the field's.
+    bool handle(const QKeyEvent& event);
+
+private:
+    struct Binding;
+
+    bool run();
+    bool previous();
+    bool next();
+    bool previousOrOlder();
+    bool nextOrNewer();
+    bool older();
+    bool newer();
+    bool pageUp();
+    bool pageDown();
+    bool toFirst();
+    bool toLast();
+    bool complete();
+    bool completeByRight();
+    bool completeByLeft();
+    bool completeAtEnd();
+    bool clearOrClose();
+    bool reveal();
+    bool runRow(int row);
+    bool swallow() { return true; }
+
+    void select(int row);
+
+    PelloController& controller_;
+    const SearchField& field_;
+    const ResultList& list_;
+};
+
+} // namespace pello

@@ -1,0 +1,284 @@
+#include "ui/panel/PanelWindow.h"
+
+#include "ui/panel/PanelGeometry.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+
+#include <algorithm>
+#include <chrono>
+
+namespace pello {
+
+namespace {
+
+constexpr std::chrono::milliseconds kActivationPatience(50);
+constexpr int kRowsThatMustFit = 4;
+
+} // namespace
+
+PanelWindow::PanelWindow(PelloController& controller, IconLoader& icons,
+                         const Compositor& compositor)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+      controller_(controller),
+      icons_(icons),
+      compositor_(compositor),
+      style_(PanelStyle::make(palette(), QApplication::font(), controller.settings().fontSize())),
+      field_(style_),
+      list_(style_, icons),
+      notice_(style_),
+      keys_(controller, field_, list_) {
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowTitle(QStringLiteral("Pello"));
+    setAccessibleName(QStringLiteral("Pello"));
+    for (QWidget* part : {static_cast<QWidget*>(&field_), static_cast<QWidget*>(&list_),
+                          static_cast<QWidget*>(&notice_)}) {
+        part->setParent(this);
+    }
+    setFocusProxy(&field_);
+    field_.installEventFilter(this);
+    activationCheck_.setSingleShot(true);
+    connectParts();
+    restyle();
+    controller_.setPanel(this);
+}
+
+PanelWindow::~PanelWindow() {
+    controller_.setPanel(nullptr);
+    field_.setParent(nullptr); // they are members: Qt must not delete them as children
+    list_.setParent(nullptr);
+    notice_.setParent(nullptr);
+}
+
+void PanelWindow::connectParts() {
+    connect(&field_, &QLineEdit::textChanged, this,
+            [this] { controller_.setQuery(field_.query()); });
+    connect(&activationCheck_, &QTimer::timeout, this, [this] {
+        if (isVisible() && !isActiveWindow()) {
+            takeKeyboard();
+        }
+    });
+    list_.onHover = [this](int row) { controller_.setSelection(row); };
+    list_.onClick = [this](int row) {
+        controller_.setSelection(row);
+        controller_.runSelection();
+    };
+    notice_.onDismiss = [this] { controller_.dismissNotice(); };
+    subscriptions_.push_back(controller_.changed.connect([this] { refresh(); }));
+    subscriptions_.push_back(icons_.loaded.connect([this] { list_.viewport()->update(); }));
+    auto& settings = controller_.settings();
+    for (Signal<>* appearance : {&settings.fontSize.changed, &settings.usesGlass.changed}) {
+        subscriptions_.push_back(appearance->connect([this] { restyle(); }));
+    }
+    subscriptions_.push_back(settings.panelPlacement.changed.connect([this] { place(); }));
+}
+
+void PanelWindow::present() {
+    if (!isVisible()) {
+        icons_.forgetMissing();
+        wasActive_ = false;
+        refresh();
+        place();
+        list_.forgetPointerMoves();
+    }
+    show();
+    takeKeyboard();
+    activationCheck_.start(kActivationPatience);
+}
+
+void PanelWindow::dismiss() {
+    activationCheck_.stop();
+    grip_.reset();
+    hide();
+}
+
+void PanelWindow::takeKeyboard() {
+    raise();
+    activateWindow();
+    field_.setFocus();
+}
+
+void PanelWindow::activationChanged() {
+    if (isActiveWindow()) {
+        wasActive_ = true;
+    } else if (wasActive_ && isVisible() && QApplication::activePopupWidget() == nullptr) {
+        controller_.hide();
+    }
+}
+
+void PanelWindow::restyle() {
+    style_ = PanelStyle::make(QApplication::palette(), QApplication::font(),
+                              controller_.settings().fontSize());
+    field_.restyle();
+    list_.restyle();
+    refresh();
+    place();
+    update();
+}
+
+void PanelWindow::refresh() {
+    field_.setQuery(controller_.query());
+    field_.setCompletion(controller_.inlineCompletion().value_or(""));
+    list_.show(controller_.results(), controller_.selection());
+    notice_.setNotice(controller_.notice());
+    fitHeight();
+}
+
+/// Where the panel itself is, without its shadow.
+QRect PanelWindow::body() const {
+    return rect().adjusted(margin_, margin_, -margin_, -margin_);
+}
+
+QRect PanelWindow::screenArea() const {
+    return screen()->availableGeometry();
+}
+
+/// Puts the panel where the settings want it, on the screen under the pointer.
+void PanelWindow::place() {
+    if (controller_.isPanelDragged()) {
+        return;
+    }
+    if (auto* target = QGuiApplication::screenAt(QCursor::pos()); target && target != screen()) {
+        setScreen(target);
+    }
+    margin_ = compositor_.isRunning() ? style_.metrics.shadowMargin : 0;
+    const auto& metrics = style_.metrics;
+    const QSize needed(std::min(metrics.width, screenArea().width()),
+                       metrics.headerHeight + kRowsThatMustFit * metrics.rowPitch);
+    const QPoint corner =
+        geometry::topLeft(controller_.settings().panelPlacement(), screenArea(), needed);
+    const QSize size(needed.width() + 2 * margin_, height());
+    setGeometry(QRect(corner - QPoint(margin_, margin_), size));
+    fitHeight();
+}
+
+/// Makes the window as high as what it shows, its upper edge staying where it is. Rows that find no
+/// room on the screen are scrolled to.
+void PanelWindow::fitHeight() {
+    const int fixed = style_.metrics.headerHeight + notice_.fullHeight(body().width());
+    const int room = screenArea().bottom() - style_.metrics.rowMargin - (y() + margin_) - fixed;
+    const int wanted = fixed + list_.heightWithin(room) + 2 * margin_;
+    if (wanted != height()) {
+        resize(width(), wanted);
+    } else {
+        arrange();
+    }
+}
+
+void PanelWindow::arrange() {
+    const QRect area = body();
+    const int header = style_.metrics.headerHeight;
+    const int notice = notice_.fullHeight(area.width());
+    field_.setGeometry(area.x(), area.y(), area.width(), header);
+    list_.setGeometry(area.x(), area.y() + header, area.width(), area.height() - header - notice);
+    notice_.setGeometry(area.x(), area.bottom() + 1 - notice, area.width(), notice);
+    applyMask();
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* /*event*/) {
+    arrange();
+}
+
+/// Without a compositor nothing blends: the window itself is given the round corners.
+void PanelWindow::applyMask() {
+    if (compositor_.isRunning()) {
+        clearMask();
+    } else {
+        setMask(geometry::roundedRegion(body(), style_.metrics.radius));
+    }
+}
+
+void PanelWindow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto& theme = style_.theme;
+    const bool isBlended = margin_ > 0;
+    const QRectF area = body();
+    QPainterPath shape;
+    shape.addRoundedRect(area, style_.metrics.radius, style_.metrics.radius);
+    if (isBlended) {
+        QPainterPath outside;
+        outside.addRect(rect());
+        painter.setClipPath(outside - shape);
+        shadow_.paint(painter, body(), margin_, theme.shadow);
+        painter.setClipping(false);
+    }
+    QColor ground = theme.ground;
+    ground.setAlphaF(isBlended && controller_.settings().usesGlass() ? float(theme.glassOpacity)
+                                                                     : 1.0F);
+    painter.fillPath(shape, ground);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(theme.line);
+    painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), style_.metrics.radius - 0.5,
+                            style_.metrics.radius - 0.5);
+    if (area.height() > style_.metrics.headerHeight) {
+        painter.fillRect(
+            QRectF(area.x(), area.y() + style_.metrics.headerHeight - 1, area.width(), 1),
+            theme.line);
+    }
+}
+
+bool PanelWindow::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        activationChanged();
+        break;
+    case QEvent::ApplicationPaletteChange:
+    case QEvent::ApplicationFontChange:
+        restyle();
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &field_ && event->type() == QEvent::KeyPress) {
+        return keys_.handle(*static_cast<QKeyEvent*>(event));
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void PanelWindow::closeEvent(QCloseEvent* event) {
+    event->ignore(); // the window is kept
+    controller_.hide();
+}
+
+void PanelWindow::mousePressEvent(QMouseEvent* event) {
+    if (!body().contains(event->position().toPoint())) {
+        controller_.hide(); // the shadow is not the panel
+    } else if (event->button() == Qt::LeftButton) {
+        grip_ = event->position().toPoint();
+    }
+}
+
+void PanelWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (!grip_) {
+        return;
+    }
+    const QPoint pointer = event->globalPosition().toPoint();
+    const bool isFar =
+        (pointer - mapToGlobal(*grip_)).manhattanLength() >= QApplication::startDragDistance();
+    if (isFar && !controller_.isPanelDragged()) {
+        controller_.beginPanelDrag();
+    }
+    if (controller_.isPanelDragged()) {
+        move(pointer - *grip_);
+    }
+}
+
+void PanelWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    grip_.reset();
+    if (controller_.isPanelDragged()) {
+        const QPoint corner = pos() + QPoint(margin_, margin_);
+        controller_.endPanelDrag(geometry::placement(corner, body().width(), screenArea()));
+    }
+}
+
+} // namespace pello

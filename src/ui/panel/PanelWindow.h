@@ -1,0 +1,81 @@
+#pragma once
+
+#include "base/Subscription.h"
+#include "core/controller/LauncherPanel.h"
+#include "core/controller/PelloController.h"
+#include "platform/Compositor.h"
+#include "ui/icons/IconLoader.h"
+#include "ui/panel/NoticeRow.h"
+#include "ui/panel/PanelKeys.h"
+#include "ui/panel/PanelShadow.h"
+#include "ui/panel/ResultList.h"
+#include "ui/panel/SearchField.h"
+#include "ui/theme/PanelStyle.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+
+namespace pello {
+
+/// The floating panel: shows what the controller holds and passes on what the user does.
+///
+/// Made once and kept. Registers itself as the controller's panel.
+class PanelWindow final : public QWidget, public LauncherPanel {
+public:
+    /// All must outlive the panel.
+    PanelWindow(PelloController& controller, IconLoader& icons, const Compositor& compositor);
+    ~PanelWindow() override;
+    PanelWindow(const PanelWindow&) = delete;
+    PanelWindow& operator=(const PanelWindow&) = delete;
+
+    void present() override;
+    void dismiss() override;
+    [[nodiscard]] bool isPresented() const override { return isVisible(); }
+
+    /// The parts, for tests that look at what is shown.
+    [[nodiscard]] SearchField& field() { return field_; }
+    [[nodiscard]] ResultList& list() { return list_; }
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void connectParts();
+    void restyle();
+    void refresh();
+    void takeKeyboard();
+    void activationChanged();
+
+    void place();
+    void fitHeight();
+    void arrange();
+    void applyMask();
+    [[nodiscard]] QRect body() const;
+    [[nodiscard]] QRect screenArea() const;
+
+    PelloController& controller_;
+    IconLoader& icons_;
+    const Compositor& compositor_;
+    PanelStyle style_;
+    SearchField field_;
+    ResultList list_;
+    NoticeRow notice_;
+    PanelKeys keys_;
+    PanelShadow shadow_;
+    int margin_ = 0; // the shadow's room on each side; none without a compositor
+    bool wasActive_ = false;
+    QTimer activationCheck_;
+    std::optional<QPoint> grip_; // where the pointer holds the panel while dragging
+    std::vector<Subscription> subscriptions_;
+};
+
+} // namespace pello

@@ -1,0 +1,102 @@
+#include "ui/panel/ResultDelegate.h"
+
+#include "ui/panel/Chip.h"
+#include "ui/panel/MarkedText.h"
+#include "ui/panel/ResultModel.h"
+#include "ui/panel/TextLine.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace pello {
+
+namespace {
+
+/// The part of `area` that lies `start` from where reading starts and is `width` wide.
+QRect part(const QRect& area, Qt::LayoutDirection direction, int start, int width) {
+    const QRect unmirrored(area.x() + start, area.y(), width, area.height());
+    return QStyle::visualRect(direction, area, unmirrored);
+}
+
+/// `text` shortened to `width`: paths in their middle, where they say least.
+QString shortened(const QString& text, const QFont& font, int width) {
+    const bool isPath = text.contains(QLatin1Char('/'));
+    return QFontMetrics(font).elidedText(text, isPath ? Qt::ElideMiddle : Qt::ElideRight, width);
+}
+
+} // namespace
+
+ResultDelegate::ResultDelegate(const PanelStyle& style, IconLoader& icons)
+    : style_(style), icons_(icons) {}
+
+QSize ResultDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
+                               const QModelIndex& /*index*/) const {
+    return {style_.metrics.width, style_.metrics.rowPitch};
+}
+
+void ResultDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const {
+    const auto* model = dynamic_cast<const ResultModel*>(index.model());
+    if (model == nullptr) {
+        return;
+    }
+    const SearchResult& result = model->result(index.row());
+    const auto& metrics = style_.metrics;
+    const QRect row = option.rect.adjusted(metrics.rowMargin, metrics.rowGap, -metrics.rowMargin,
+                                           -metrics.rowGap);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setLayoutDirection(option.direction);
+    if (option.state.testFlag(QStyle::State_Selected)) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(style_.theme.selection);
+        painter->drawRoundedRect(row, metrics.rowRadius, metrics.rowRadius);
+    }
+    const QRect inner = row.adjusted(metrics.rowPadding, 0, -metrics.rowPadding, 0);
+    QRect icon = part(inner, option.direction, 0, metrics.icon);
+    icon.setTop(inner.center().y() - metrics.icon / 2 + 1);
+    icon.setHeight(metrics.icon);
+    icons_.paint(*painter, icon, *result.item, style_.titleFont, style_.theme.text);
+
+    const int textStart = metrics.icon + metrics.rowPadding;
+    const QRect texts = part(inner, option.direction, textStart, inner.width() - textStart);
+    paintTexts(*painter, paintAccessory(*painter, texts, option, *result.item), result);
+}
+
+/// Paints the pill, if there is one, and returns the room that is left for the texts.
+QRect ResultDelegate::paintAccessory(QPainter& painter, const QRect& area,
+                                     const QStyleOptionViewItem& option,
+                                     const LaunchItem& item) const {
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    const QString text = item.accessory && !item.accessory->empty() ? lineOf(*item.accessory)
+                         : isSelected                               ? QStringLiteral("↩")
+                                                                    : QString();
+    if (text.isEmpty()) {
+        return area;
+    }
+    const int width = std::min(chipWidth(style_, text), area.width() / 3);
+    paintChip(painter, part(area, option.direction, area.width() - width, width), style_, text);
+    const int left = area.width() - width - style_.metrics.rowPadding;
+    return part(area, option.direction, 0, left);
+}
+
+void ResultDelegate::paintTexts(QPainter& painter, const QRect& area,
+                                const SearchResult& result) const {
+    const LaunchItem& item = *result.item;
+    const QString subtitle = item.subtitle ? lineOf(*item.subtitle) : QString();
+    const QFontMetrics title(style_.titleFont);
+    const int below = subtitle.isEmpty() ? 0 : QFontMetrics(style_.subtitleFont).height();
+    const int top = area.y() + (area.height() - title.height() - below) / 2;
+
+    painter.setPen(style_.theme.text);
+    paintLine(painter, area, top + title.ascent(), MarkedText(item.title, result.titleMatches),
+              style_.titleFont, {.color = style_.theme.accent});
+    painter.setPen(style_.theme.dim);
+    const QString shown = shortened(subtitle, style_.subtitleFont, area.width());
+    paintLine(painter, area, top + title.height() + QFontMetrics(style_.subtitleFont).ascent(),
+              MarkedText(shown.toUtf8().toStdString()), style_.subtitleFont, {});
+}
+
+} // namespace pello

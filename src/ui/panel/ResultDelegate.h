@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/items/SearchResult.h"
+#include "ui/icons/IconPainter.h"
+#include "ui/theme/PanelStyle.h"
+
+#include <QAbstractItemDelegate>
+
+namespace pello {
+
+/// Paints the panel's rows: icon, title with the matched letters marked, subtitle, and a pill at
+/// the end.
+class ResultDelegate final : public QAbstractItemDelegate {
+public:
+    /// Both must outlive the delegate.
+    ResultDelegate(const PanelStyle& style, IconLoader& icons);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+
+private:
+    [[nodiscard]] QRect paintAccessory(QPainter& painter, const QRect& area,
+                                       const QStyleOptionViewItem& option,
+                                       const LaunchItem& item) const;
+    void paintTexts(QPainter& painter, const QRect& area, const SearchResult& result) const;
+
+    const PanelStyle& style_;
+    IconPainter icons_;
+};
+
+} // namespace pello

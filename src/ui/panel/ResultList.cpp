@@ -1,0 +1,90 @@
+#include "ui/panel/ResultList.h"
+
+#include <QCursor>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace pello {
+
+ResultList::ResultList(const PanelStyle& style, IconLoader& icons)
+    : style_(style), delegate_(style, icons) {
+    setModel(&model_);
+    setItemDelegate(&delegate_);
+    setFrameShape(QFrame::NoFrame);
+    setUniformItemSizes(true);
+    setFocusPolicy(Qt::NoFocus);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMouseTracking(true);
+    viewport()->setAutoFillBackground(false);
+    setAccessibleName(QStringLiteral("Results"));
+    restyle();
+}
+
+void ResultList::restyle() {
+    const int padding = style_.metrics.listPadding;
+    setViewportMargins(0, padding, 0, padding);
+    verticalScrollBar()->setSingleStep(style_.metrics.rowPitch);
+    scheduleDelayedItemsLayout();
+}
+
+void ResultList::show(std::span<const SearchResult> results, int selection) {
+    model_.setResults(results);
+    const QModelIndex current = model_.index(selection, 0);
+    if (current != currentIndex()) {
+        setCurrentIndex(current);
+    }
+}
+
+int ResultList::heightWithin(int room) const {
+    const int padding = 2 * style_.metrics.listPadding;
+    const int fitting = std::max(1, (room - padding) / style_.metrics.rowPitch);
+    const int rows = std::min(model_.rowCount(), fitting);
+    return rows == 0 ? 0 : rows * style_.metrics.rowPitch + padding;
+}
+
+int ResultList::rowsInView() const {
+    return std::max(1, viewport()->height() / style_.metrics.rowPitch);
+}
+
+void ResultList::forgetPointerMoves() {
+    pointer_ = QCursor::pos();
+    pressedRow_ = -1;
+}
+
+void ResultList::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint pointer = event->globalPosition().toPoint();
+    const bool hasMoved = pointer != pointer_; // rows also move under a pointer at rest
+    pointer_ = pointer;
+    if (const int row = rowAt(*event); hasMoved && row >= 0 && onHover) {
+        onHover(row);
+    }
+}
+
+void ResultList::mousePressEvent(QMouseEvent* event) {
+    pressedRow_ = event->button() == Qt::LeftButton ? rowAt(*event) : -1;
+    event->setAccepted(pressedRow_ >= 0);
+}
+
+void ResultList::mouseReleaseEvent(QMouseEvent* event) {
+    const int row = rowAt(*event);
+    if (event->button() == Qt::LeftButton && row >= 0 && row == pressedRow_ && onClick) {
+        onClick(row);
+    }
+    pressedRow_ = -1;
+}
+
+void ResultList::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+int ResultList::rowAt(const QMouseEvent& event) const {
+    return indexAt(event.position().toPoint()).row();
+}
+
+} // namespace pello

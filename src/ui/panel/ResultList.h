@@ -1,0 +1,56 @@
+#pragma once
+
+#include "core/items/SearchResult.h"
+#include "ui/panel/ResultDelegate.h"
+#include "ui/panel/ResultModel.h"
+
+#include <QListView>
+
+#include <functional>
+#include <span>
+
+namespace pello {
+
+/// The panel's rows. Never has the keyboard: keys go to the field.
+class ResultList final : public QListView {
+public:
+    /// Both must outlive the list; call `restyle` when the style changed.
+    ResultList(const PanelStyle& style, IconLoader& icons);
+
+    void restyle();
+
+    /// Shows `results`, with the row `selection` marked and in view.
+    void show(std::span<const SearchResult> results, int selection);
+
+    /// How high the list should be where there is `room`: as high as all its rows or as many whole
+    /// ones as fit, at least one. 0 without rows.
+    [[nodiscard]] int heightWithin(int room) const;
+
+    /// How many whole rows are in view; at least one.
+    [[nodiscard]] int rowsInView() const;
+
+    /// Takes where the pointer stands, without having moved there.
+    void forgetPointerMoves();
+
+    /// The pointer moved onto a row.
+    std::function<void(int row)> onHover;
+    /// A row was clicked.
+    std::function<void(int row)> onClick;
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    [[nodiscard]] int rowAt(const QMouseEvent& event) const;
+
+    const PanelStyle& style_;
+    ResultModel model_;
+    ResultDelegate delegate_;
+    QPoint pointer_; // on the screen, when it last moved
+    int pressedRow_ = -1;
+};
+
+} // namespace pello

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/items/SearchResult.h"
+
+#include <QAbstractListModel>
+
+#include <span>
+#include <vector>
+
+namespace pello {
+
+/// The rows of the panel, for Qt's views.
+class ResultModel final : public QAbstractListModel {
+public:
+    /// Takes over `results`; views are told only when they differ from what is there.
+    void setResults(std::span<const SearchResult> results);
+
+    /// The hit in `row`, valid until the next `setResults`.
+    [[nodiscard]] const SearchResult& result(int row) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+
+    /// Title, and for assistive technology the whole row in words. Nothing else: the delegate asks
+    /// `result`.
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<SearchResult> results_;
+};
+
+} // namespace pello

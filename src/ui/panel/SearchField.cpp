@@ -1,0 +1,176 @@
+#include "ui/panel/SearchField.h"
+
+#include "ui/panel/Chip.h"
+#include "ui/panel/MarkedText.h"
+
+#include <QInputMethodEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QProxyStyle>
+
+namespace pello {
+
+namespace {
+
+const QString kHint = QStringLiteral("⇥ complete");
+
+/// Leaves the caret to the field, which paints it in its own colour and never lets it blink: a
+/// blinking caret hides at times where the next letter goes.
+class FieldStyle final : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        return metric == PM_TextCursorWidth ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+std::string toUtf8(const QString& text) {
+    return text.toUtf8().toStdString();
+}
+
+} // namespace
+
+SearchField::SearchField(const PanelStyle& style) : style_(style) {
+    auto* ownStyle = new FieldStyle;
+    ownStyle->setParent(this);
+    setStyle(ownStyle);
+    setFrame(false);
+    setAccessibleName(QStringLiteral("Search"));
+    setAccessibleDescription(QStringLiteral("Search or type a command"));
+    restyle();
+}
+
+void SearchField::restyle() {
+    const auto& metrics = style_.metrics;
+    setFont(style_.fieldFont);
+    const int beforeText = metrics.headerPadding + metrics.searchSymbol + metrics.headerGap - 2;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    setTextMargins(isMirrored ? metrics.headerPadding : beforeText, 0,
+                   isMirrored ? beforeText : metrics.headerPadding, 0);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, style_.theme.text);
+    colors.setColor(QPalette::Base, Qt::transparent);
+    colors.setColor(QPalette::Highlight, style_.theme.selection);
+    colors.setColor(QPalette::HighlightedText, style_.theme.text);
+    setPalette(colors);
+}
+
+void SearchField::setQuery(std::string_view query) {
+    if (query != toUtf8(text())) {
+        setText(QString::fromUtf8(query.data(), static_cast<qsizetype>(query.size())));
+    }
+}
+
+std::string SearchField::query() const {
+    return toUtf8(text());
+}
+
+void SearchField::setCompletion(std::string_view completion) {
+    const QString shown = lineOf(completion);
+    if (shown != completion_) {
+        completion_ = shown;
+        update();
+    }
+}
+
+bool SearchField::isCaretAtStart() const {
+    return cursorPosition() == 0 && !hasSelectedText();
+}
+
+bool SearchField::isCaretAtEnd() const {
+    return cursorPosition() == text().size() && !hasSelectedText();
+}
+
+void SearchField::inputMethodEvent(QInputMethodEvent* event) {
+    isComposing_ = !event->preeditString().isEmpty();
+    QLineEdit::inputMethodEvent(event);
+    update();
+}
+
+void SearchField::mousePressEvent(QMouseEvent* event) {
+    const int grip = style_.metrics.headerPadding;
+    const bool isRightToLeft = runsRightToLeft();
+    const QRect area = textArea();
+    const int x = event->position().toPoint().x();
+    const int textEnd =
+        isRightToLeft ? area.right() - textWidth() - grip : area.left() + textWidth() + grip;
+    const bool isFree =
+        x < area.left() || x > area.right() || (isRightToLeft ? x < textEnd : x > textEnd);
+    if (event->button() == Qt::LeftButton && isFree) {
+        deselect();
+        end(false);
+        event->ignore();
+        return;
+    }
+    QLineEdit::mousePressEvent(event);
+}
+
+int SearchField::textWidth() const {
+    return fontMetrics().horizontalAdvance(text());
+}
+
+QRect SearchField::textArea() const {
+    return contentsRect().marginsRemoved(textMargins()).adjusted(2, 0, -2, 0);
+}
+
+void SearchField::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintSymbol(painter);
+    if (text().isEmpty() && !isComposing_) {
+        paintPlaceholder(painter);
+    }
+    if (!completion_.isEmpty() && isCaretAtEnd() && !isComposing_) {
+        paintCompletion(painter);
+    }
+    if (hasFocus() || isComposing_) {
+        const QRect caret = cursorRect();
+        const int height = fontMetrics().height();
+        painter.fillRect(caret.center().x(), (this->height() - height) / 2,
+                         style_.metrics.caretWidth, height, style_.theme.accent);
+    }
+}
+
+void SearchField::paintSymbol(QPainter& painter) const {
+    const auto& metrics = style_.metrics;
+    const double unit = metrics.searchSymbol / 24.0;
+    const int x = metrics.headerPadding;
+    painter.save();
+    painter.translate(layoutDirection() == Qt::RightToLeft ? width() - x - metrics.searchSymbol : x,
+                      (height() - metrics.searchSymbol) / 2.0);
+    painter.scale(unit, unit);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(style_.theme.dim, 2.2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawEllipse(QPointF(11, 11), 7, 7);
+    painter.drawLine(QPointF(20, 20), QPointF(16, 16));
+    painter.restore();
+}
+
+void SearchField::paintPlaceholder(QPainter& painter) const {
+    painter.setFont(font());
+    painter.setPen(style_.theme.dim);
+    const QRect area = textArea().adjusted(style_.metrics.caretWidth * 2, 0, 0, 0);
+    painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                     QStringLiteral("Search or type a command…"));
+}
+
+void SearchField::paintCompletion(QPainter& painter) const {
+    const int caret = cursorRect().center().x() + style_.metrics.caretWidth;
+    const bool isRightToLeft = runsRightToLeft();
+    QRect area = textArea();
+    isRightToLeft ? area.setRight(caret - style_.metrics.caretWidth - 1) : area.setLeft(caret);
+    painter.setFont(font());
+    painter.setPen(style_.theme.dim);
+    const int side = isRightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    painter.drawText(area, Qt::AlignVCenter | side | Qt::TextSingleLine, completion_);
+
+    const int hint = chipWidth(style_, kHint);
+    const int free =
+        area.width() - fontMetrics().horizontalAdvance(completion_) - style_.metrics.headerGap;
+    if (!isRightToLeft && hint <= free) {
+        paintChip(painter, QRect(area.right() - hint, 0, hint, height()), style_, kHint);
+    }
+}
+
+} // namespace pello

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ui/theme/PanelStyle.h"
+
+#include <QLineEdit>
+
+#include <string>
+#include <string_view>
+
+namespace pello {
+
+/// The panel's text field: shows the completion greyed behind the caret, and a search symbol.
+///
+/// Reports its text through QLineEdit's signals; text that an input method is still composing is
+/// not in it. Presses on its free parts are passed on to the panel, which is dragged by them.
+class SearchField final : public QLineEdit {
+public:
+    /// `style` must outlive the field; call `restyle` when it changed.
+    explicit SearchField(const PanelStyle& style);
+
+    void restyle();
+
+    /// Shows `query`, with the caret at its end, unless it is shown already.
+    void setQuery(std::string_view query);
+    [[nodiscard]] std::string query() const;
+
+    /// What to show behind the typed text; empty for nothing.
+    void setCompletion(std::string_view completion);
+
+    /// Whether the text reads from right to left, so that its end is at the left.
+    [[nodiscard]] bool runsRightToLeft() const { return text().isRightToLeft(); }
+
+    [[nodiscard]] bool isCaretAtStart() const;
+    [[nodiscard]] bool isCaretAtEnd() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    [[nodiscard]] int textWidth() const;
+    [[nodiscard]] QRect textArea() const;
+    void paintSymbol(QPainter& painter) const;
+    void paintPlaceholder(QPainter& painter) const;
+    void paintCompletion(QPainter& painter) const;
+
+    const PanelStyle& style_;
+    QString completion_;
+    bool isComposing_ = false;
+};
+
+} // namespace pello

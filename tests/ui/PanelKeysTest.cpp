@@ -1,0 +1,147 @@
+#include "ui/PanelFixture.h"
+
+#include <QInputMethodEvent>
+#include <gmock/gmock.h>
+
+namespace pello {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class PanelKeysTest : public PanelFixture {
+protected:
+    PanelKeysTest() { controller.show(); }
+};
+
+TEST_F(PanelKeysTest, EveryLetterShowsItsRowsAndReturnRunsTheFirst) {
+    type("saf");
+    EXPECT_THAT(rows(), ElementsAre("[Safari]", "Safe Mode"));
+    press(Qt::Key_Return);
+    launcher.loop.settle();
+    EXPECT_THAT(launcher.opened(), ElementsAre("Safari"));
+    EXPECT_FALSE(panel.isPresented());
+}
+
+TEST_F(PanelKeysTest, ArrowsAndTheirLettersStepThroughTheRowsAndStopAtTheLast) {
+    type("t");
+    ASSERT_THAT(rows(), ElementsAre("[Terminal]", "Text Editor"));
+    press(Qt::Key_Down);
+    EXPECT_THAT(rows(), ElementsAre("Terminal", "[Text Editor]"));
+    press(Qt::Key_Down);
+    EXPECT_EQ(controller.selection(), 1);
+    press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(controller.selection(), 0);
+    press(Qt::Key_N, Qt::ControlModifier);
+    press(Qt::Key_Enter, Qt::KeypadModifier);
+    launcher.loop.settle();
+    EXPECT_THAT(launcher.opened(), ElementsAre("Text Editor"));
+}
+
+TEST_F(PanelKeysTest, PageKeysAndTheKeysForBothEndsJump) {
+    launcher.install({"Alpha 1", "Alpha 2", "Alpha 3", "Alpha 4", "Alpha 5", "Alpha 6", "Alpha 7"});
+    type("alpha");
+    ASSERT_THAT(rows(), SizeIs(7));
+    press(Qt::Key_End);
+    EXPECT_EQ(controller.selection(), 6);
+    press(Qt::Key_Home);
+    EXPECT_EQ(controller.selection(), 6) << "the caret was not at the start";
+    press(Qt::Key_Home);
+    EXPECT_EQ(controller.selection(), 0);
+    press(Qt::Key_PageDown);
+    EXPECT_GT(controller.selection(), 1);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(controller.selection(), 0);
+}
+
+TEST_F(PanelKeysTest, TabAndTheRightArrowAtTheEndTakeTheCompletion) {
+    type("saf");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(text(), "safari");
+    EXPECT_EQ(panel.focusWidget(), &panel.field()) << "Tab never leaves the field";
+
+    controller.setQuery("saf");
+    press(Qt::Key_Left);
+    EXPECT_EQ(text(), "saf");
+    press(Qt::Key_Right);
+    EXPECT_EQ(text(), "saf") << "the caret was not at the end";
+    press(Qt::Key_Right);
+    EXPECT_EQ(text(), "safari");
+}
+
+TEST_F(PanelKeysTest, EscapeClearsTheTextFirstAndThenCloses) {
+    type("saf");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(text(), "");
+    EXPECT_TRUE(panel.isPresented());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(panel.isPresented());
+}
+
+TEST_F(PanelKeysTest, UpOnTheFirstRowRecallsAndDownGoesBack) {
+    launcher.pick("term");
+    launcher.pick("text");
+    controller.show();
+    type("saf");
+    press(Qt::Key_Up);
+    EXPECT_EQ(text(), "text");
+    press(Qt::Key_Up);
+    EXPECT_EQ(text(), "term");
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(text(), "saf");
+    EXPECT_THAT(rows(), ElementsAre("[Safari]", "Safe Mode"));
+    press(Qt::Key_Down);
+    EXPECT_THAT(rows(), ElementsAre("Safari", "[Safe Mode]"));
+}
+
+TEST_F(PanelKeysTest, AltArrowsRecallFromAnyRow) {
+    launcher.pick("term");
+    controller.show();
+    type("saf");
+    press(Qt::Key_Down);
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(text(), "term");
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(text(), "saf");
+}
+
+TEST_F(PanelKeysTest, ControlAndADigitRunThatRow) {
+    type("saf");
+    press(Qt::Key_9, Qt::ControlModifier);
+    launcher.loop.settle();
+    EXPECT_THAT(launcher.opened(), IsEmpty());
+    press(Qt::Key_2, Qt::ControlModifier);
+    launcher.loop.settle();
+    EXPECT_THAT(launcher.opened(), ElementsAre("Safe Mode"));
+}
+
+TEST_F(PanelKeysTest, ControlRRevealsTheSelectedRow) {
+    type("saf");
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_THAT(launcher.workspace.revealed, ElementsAre(launcher.path("Safari")));
+    EXPECT_FALSE(panel.isPresented());
+}
+
+TEST_F(PanelKeysTest, TextBeingComposedIsNotSearched) {
+    type("sa");
+    QInputMethodEvent composing("f", {});
+    QApplication::sendEvent(&panel.field(), &composing);
+    EXPECT_EQ(controller.query(), "sa");
+    QInputMethodEvent committing;
+    committing.setCommitString("f");
+    QApplication::sendEvent(&panel.field(), &committing);
+    EXPECT_EQ(controller.query(), "saf");
+}
+
+TEST_F(PanelKeysTest, APrefilledPanelTakesLettersAtItsEnd) {
+    controller.hide();
+    controller.show("te");
+    type("x");
+    EXPECT_EQ(text(), "tex");
+    EXPECT_THAT(rows(), ElementsAre("[Text Editor]"));
+}
+
+} // namespace
+} // namespace pello

@@ -1,0 +1,129 @@
+#include "ui/PanelFixture.h"
+
+#include <QMouseEvent>
+#include <gmock/gmock.h>
+
+namespace pello {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PanelWindowTest : public PanelFixture {
+protected:
+    PanelWindowTest() {
+        controller.show();
+        type("saf");
+    }
+
+    /// Sends a mouse event to the middle of row `row`; `position` is where that is on the screen.
+    void mouse(QEvent::Type type, int row, QPoint position) {
+        ResultList& list = panel.list();
+        const QPoint place = list.visualRect(list.model()->index(row, 0)).center();
+        QMouseEvent event(type, place, position, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(list.viewport(), &event);
+    }
+    void drag(QPoint from, QPoint to) {
+        const auto send = [&](QEvent::Type type, QPoint place) {
+            QMouseEvent event(type, from, place, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&panel, &event);
+        };
+        send(QEvent::MouseButtonPress, panel.mapToGlobal(from));
+        send(QEvent::MouseMove, panel.mapToGlobal(from) + to - from);
+        send(QEvent::MouseButtonRelease, panel.pos() + to);
+    }
+};
+
+TEST_F(PanelWindowTest, ThePointerSelectsOnlyWhenItMoved) {
+    mouse(QEvent::MouseMove, 1, {300, 300});
+    EXPECT_THAT(rows(), ElementsAre("Safari", "[Safe Mode]"));
+    press(Qt::Key_Up);
+    mouse(QEvent::MouseMove, 1, {300, 300});
+    EXPECT_THAT(rows(), ElementsAre("[Safari]", "Safe Mode")) << "it only came to lie under it";
+    mouse(QEvent::MouseMove, 1, {301, 300});
+    EXPECT_THAT(rows(), ElementsAre("Safari", "[Safe Mode]"));
+}
+
+TEST_F(PanelWindowTest, AClickRunsTheRowItBeganAndEndedOn) {
+    mouse(QEvent::MouseButtonPress, 0, {300, 250});
+    mouse(QEvent::MouseButtonRelease, 1, {300, 300});
+    launcher.loop.settle();
+    EXPECT_THAT(launcher.opened(), IsEmpty());
+    mouse(QEvent::MouseButtonPress, 1, {300, 300});
+    mouse(QEvent::MouseButtonRelease, 1, {300, 300});
+    launcher.loop.settle();
+    EXPECT_THAT(launcher.opened(), ElementsAre("Safe Mode"));
+}
+
+TEST_F(PanelWindowTest, TheHeightFollowsTheRowsAndTheUpperEdgeStays) {
+    const QRect two = panel.geometry();
+    type("e");
+    const QRect one = panel.geometry();
+    controller.setQuery("nothing of this name");
+    const QRect none = panel.geometry();
+    EXPECT_GT(two.height(), one.height());
+    EXPECT_GT(one.height(), none.height());
+    EXPECT_EQ(none.height(), panel.field().height());
+    EXPECT_EQ(two.topLeft(), none.topLeft());
+    EXPECT_EQ(two.width(), none.width());
+
+    controller.report("The disk is full.");
+    EXPECT_GT(panel.height(), none.height());
+    controller.dismissNotice();
+    EXPECT_EQ(panel.geometry(), none);
+}
+
+TEST_F(PanelWindowTest, EverythingGrowsWithTheFontSizeAtOnce) {
+    const QRect usual = panel.geometry();
+    launcher.settings.fontSize.set(24);
+    EXPECT_NEAR(panel.height(), usual.height() * 1.5, 4);
+    EXPECT_NEAR(panel.geometry().center().x(), usual.center().x(), 1);
+    launcher.settings.fontSize.set(1e9);
+    EXPECT_LT(panel.field().height(), 300) << "beyond reason";
+}
+
+TEST_F(PanelWindowTest, DraggingByAFreePartMovesItAndIsRemembered) {
+    const QPoint before = panel.pos();
+    drag({10, 10}, {11, 10});
+    EXPECT_EQ(panel.pos(), before) << "a shaking hand";
+    EXPECT_FALSE(controller.isPanelDragged());
+    drag({10, 10}, {-20, 60});
+    EXPECT_EQ(panel.pos(), before + QPoint(-30, 50));
+    controller.hide();
+    controller.show("saf");
+    EXPECT_NEAR(panel.x(), before.x() - 30, 1);
+    EXPECT_NEAR(panel.y(), before.y() + 50, 1);
+    controller.resetPanelPlacement();
+    EXPECT_EQ(panel.pos(), before);
+}
+
+TEST_F(PanelWindowTest, OnlyADisplayThatBlendsGivesRoomToAShadow) {
+    const QRect opaque = panel.geometry();
+    EXPECT_FALSE(panel.mask().contains(QPoint(0, 0))) << "round without blending";
+    EXPECT_TRUE(panel.mask().contains(QPoint(opaque.width() / 2, 0)));
+    controller.hide();
+    compositor.setRunning(true);
+    controller.show("saf");
+    EXPECT_TRUE(panel.mask().isEmpty());
+    EXPECT_GT(panel.width(), opaque.width());
+    EXPECT_EQ(panel.geometry().center().x(), opaque.center().x());
+    EXPECT_EQ(panel.mapToGlobal(panel.field().pos()), opaque.topLeft());
+}
+
+TEST_F(PanelWindowTest, ClosingItFromOutsideOnlyHidesIt) {
+    panel.close();
+    EXPECT_FALSE(panel.isPresented());
+    controller.toggle();
+    EXPECT_TRUE(panel.isPresented());
+    EXPECT_EQ(text(), "") << "each summons begins anew";
+}
+
+TEST_F(PanelWindowTest, AssistiveTechnologyIsToldWholeRows) {
+    const auto row = panel.list().model()->index(0, 0).data(Qt::AccessibleTextRole).toString();
+    EXPECT_TRUE(row.startsWith("Safari, ")) << row.toStdString();
+    EXPECT_FALSE(panel.field().accessibleName().isEmpty());
+    EXPECT_FALSE(panel.list().accessibleName().isEmpty());
+}
+
+} // namespace
+} // namespace pello
