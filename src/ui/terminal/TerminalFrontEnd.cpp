@@ -1,0 +1,98 @@
+#include "ui/terminal/TerminalFrontEnd.h"
+
+#include "base/Text.h"
+
+#include <charconv>
+#include <iomanip>
+#include <istream>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace pello {
+namespace {
+
+/// The row that `line` names, counted from 0; nothing when it is not a plain number of one.
+std::optional<int> rowNumber(std::string_view line, std::size_t rows) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), number);
+    const bool isWhole = error == std::errc() && end == line.data() + line.size();
+    if (!isWhole || number < 1 || static_cast<std::size_t>(number) > rows) {
+        return std::nullopt;
+    }
+    return number - 1;
+}
+
+} // namespace
+
+TerminalFrontEnd::TerminalFrontEnd(PelloController& controller, std::function<void()> turn,
+                                   std::istream& input, std::ostream& output)
+    : controller_(controller), turn_(std::move(turn)), input_(input), output_(output) {}
+
+void TerminalFrontEnd::run() {
+    output_ << "Type to search, a number to run that row, Return to run the first. Ctrl+D ends.\n";
+    turn_();
+    showRows();
+    std::string line;
+    for (;;) {
+        output_ << "> " << std::flush;
+        if (!std::getline(input_, line)) {
+            output_ << '\n';
+            return;
+        }
+        turn_();
+        answer(line);
+    }
+}
+
+void TerminalFrontEnd::answer(std::string_view line) {
+    const auto trimmed = text::trimmingBlanks(line);
+    if (trimmed.empty()) {
+        runRow(0);
+        return;
+    }
+    if (const auto row = rowNumber(trimmed, controller_.results().size())) {
+        runRow(*row);
+        return;
+    }
+    controller_.setQuery(line);
+    showRows();
+}
+
+void TerminalFrontEnd::runRow(int row) {
+    if (controller_.results().empty()) {
+        return;
+    }
+    controller_.setSelection(row);
+    output_ << "Running " << controller_.results()[static_cast<std::size_t>(row)].item->title
+            << '\n';
+    controller_.runSelection();
+    turn_();
+    showNotice();
+    controller_.show();
+}
+
+void TerminalFrontEnd::showRows() {
+    int number = 0;
+    for (const SearchResult& result : controller_.results()) {
+        ++number;
+        output_ << std::setw(2) << number << "  " << result.item->title;
+        if (result.item->subtitle) {
+            output_ << "  (" << *result.item->subtitle << ')';
+        }
+        output_ << '\n';
+    }
+    if (number == 0 && !controller_.query().empty()) {
+        output_ << "Nothing matches.\n";
+    }
+    showNotice();
+}
+
+void TerminalFrontEnd::showNotice() {
+    if (controller_.notice()) {
+        output_ << "! " << *controller_.notice() << '\n';
+        controller_.dismissNotice();
+    }
+}
+
+} // namespace pello
