@@ -6,10 +6,12 @@
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
+#include <unicode/unorm2.h>
 #include <unicode/utext.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <memory>
 
@@ -80,9 +82,25 @@ bool isAscii(std::string_view utf8) {
                        [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
-/// In ASCII every byte is a character, but for a carriage return with its line feed.
-bool hasOnlySingleByteCharacters(std::string_view utf8) {
-    return isAscii(utf8) && utf8.find('\r') == std::string_view::npos;
+/// Whether the scalar is no part of a longer character, whatever stands beside it, as long as that
+/// is such a scalar too: no combining mark, joiner, jamo, prefix, regional indicator or line end.
+bool standsAlone(UChar32 scalar) {
+    struct Block {
+        UChar32 first;
+        UChar32 last;
+    };
+    constexpr std::array<Block, 9> kBlocks = {{{0x0000, 0x02FF},   // Latin
+                                               {0x0370, 0x0482},   // Greek, Cyrillic
+                                               {0x048A, 0x0590},   // Cyrillic, Armenian
+                                               {0x1E00, 0x200A},   // Latin, Greek, spaces
+                                               {0x2010, 0x2027},   // punctuation
+                                               {0x3041, 0x3096},   // Hiragana
+                                               {0x309B, 0x30FF},   // Katakana
+                                               {0x3400, 0x9FFF},   // Han
+                                               {0xAC00, 0xD7A3}}}; // Hangul syllables
+    return scalar != '\r' && std::any_of(kBlocks.begin(), kBlocks.end(), [&](Block block) {
+               return scalar >= block.first && scalar <= block.last;
+           });
 }
 
 /// A breaker of this thread; making one costs far more than a split.
@@ -95,6 +113,26 @@ icu::BreakIterator* threadBreaker() {
     return breaker.get();
 }
 
+template <class Visit>
+void forEachScalar(std::string_view utf8, Visit visit) {
+    for (std::size_t i = 0; i < utf8.size();) {
+        const Scalar scalar = scalarAt(utf8, i);
+        visit(scalar.begin, scalar.end);
+        i = scalar.end;
+    }
+}
+
+bool allStandAlone(std::string_view utf8) {
+    for (std::size_t i = 0; i < utf8.size();) {
+        const Scalar scalar = scalarAt(utf8, i);
+        if (!standsAlone(scalar.value)) {
+            return false;
+        }
+        i = scalar.end;
+    }
+    return true;
+}
+
 /// Calls `visit(begin, end)` with the byte range of each character.
 template <class Visit>
 void forEachCharacter(std::string_view utf8, Visit visit) {
@@ -102,6 +140,10 @@ void forEachCharacter(std::string_view utf8, Visit visit) {
         for (std::size_t i = 0; i < utf8.size(); ++i) {
             visit(i, i + 1);
         }
+        return;
+    }
+    if (allStandAlone(utf8)) {
+        forEachScalar(utf8, visit);
         return;
     }
     UErrorCode status = U_ZERO_ERROR;
@@ -112,11 +154,7 @@ void forEachCharacter(std::string_view utf8, Visit visit) {
         breaker->setText(&text, status);
     }
     if (breaker == nullptr || U_FAILURE(status) != 0) { // no Unicode data: scalars will have to do
-        for (std::size_t i = 0; i < utf8.size();) {
-            const Scalar scalar = scalarAt(utf8, i);
-            visit(scalar.begin, scalar.end);
-            i = scalar.end;
-        }
+        forEachScalar(utf8, visit);
         utext_close(&text);
         return;
     }
@@ -149,6 +187,11 @@ UChar32 firstScalar(std::string_view character) {
     return character.empty() ? 0 : scalarAt(character, 0).value;
 }
 
+/// Whether composed form leaves the scalar as it is when it stands alone.
+bool isComposed(UChar32 scalar) {
+    return u_getIntPropertyValue(scalar, UCHAR_NFC_QUICK_CHECK) != UNORM_NO;
+}
+
 } // namespace
 
 std::vector<std::string_view> characterViews(std::string_view utf8) {
@@ -171,11 +214,19 @@ std::size_t characterCount(std::string_view utf8) {
     return count;
 }
 
-std::optional<char32_t> singleScalar(std::string_view utf8) {
-    if (!isSingleScalar(utf8)) {
+bool hasOnlySingleByteCharacters(std::string_view utf8) {
+    return isAscii(utf8) && utf8.find('\r') == std::string_view::npos;
+}
+
+std::optional<char32_t> composedScalar(std::string_view character) {
+    if (isSingleScalar(character) && isComposed(firstScalar(character))) {
+        return static_cast<char32_t>(firstScalar(character));
+    }
+    const std::string whole = composed(character);
+    if (!isSingleScalar(whole)) {
         return std::nullopt;
     }
-    return static_cast<char32_t>(firstScalar(utf8));
+    return static_cast<char32_t>(firstScalar(whole));
 }
 
 std::string_view droppingFirst(std::string_view utf8, std::size_t count) {

@@ -21,8 +21,12 @@ namespace pello::text {
 
 [[nodiscard]] std::size_t characterCount(std::string_view utf8);
 
-/// The scalar that `utf8` consists of; nothing when it has none, or more than one.
-[[nodiscard]] std::optional<char32_t> singleScalar(std::string_view utf8);
+/// Whether each byte of `utf8` is a character of its own: ASCII without carriage returns.
+[[nodiscard]] bool hasOnlySingleByteCharacters(std::string_view utf8);
+
+/// The scalar that `character` is in composed form (NFC); nothing when that has more than one, or
+/// when the character is empty.
+[[nodiscard]] std::optional<char32_t> composedScalar(std::string_view character);
 
 /// `utf8` without its first `count` characters; empty when it has no more than that.
 [[nodiscard]] std::string_view droppingFirst(std::string_view utf8, std::size_t count);

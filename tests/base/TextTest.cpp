@@ -9,6 +9,19 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// A scalar of the Basic Multilingual Plane in UTF-8.
+std::string utf8(char32_t scalar) {
+    const auto byte = [](char32_t value) { return static_cast<char>(value); };
+    if (scalar < 0x80) {
+        return {byte(scalar)};
+    }
+    if (scalar < 0x800) {
+        return {byte(0xC0 | (scalar >> 6)), byte(0x80 | (scalar & 0x3F))};
+    }
+    return {byte(0xE0 | (scalar >> 12)), byte(0x80 | ((scalar >> 6) & 0x3F)),
+            byte(0x80 | (scalar & 0x3F))};
+}
+
 TEST(TextTest, ACharacterIsWhatAReaderSeesAsOne) {
     EXPECT_THAT(characters("ab"), ElementsAre("a", "b"));
     EXPECT_THAT(characters("e\u0301x"), ElementsAre("e\u0301", "x"));
@@ -17,6 +30,38 @@ TEST(TextTest, ACharacterIsWhatAReaderSeesAsOne) {
     EXPECT_THAT(characters("a\rb"), ElementsAre("a", "\r", "b"));
     EXPECT_THAT(characters(""), IsEmpty());
     EXPECT_EQ(characterCount("n\u0303u"), 2U);
+}
+
+TEST(TextTest, TextsOfPlainScalarsAreSplitAsAllOthersAre) {
+    // Scripts whose scalars never join are split without the Unicode rules. A combining mark at
+    // the end makes the same text go by the rules.
+    for (const auto& [first, last] : {std::pair<char32_t, char32_t>{0x20, 0x2FF},
+                                      {0x370, 0x482},
+                                      {0x48A, 0x590},
+                                      {0x1E00, 0x200A},
+                                      {0x2010, 0x2027},
+                                      {0x3041, 0x3096},
+                                      {0x309B, 0x30FF},
+                                      {0x3400, 0x9FFF},
+                                      {0xAC00, 0xD7A3}}) {
+        std::string plain;
+        for (char32_t scalar = first; scalar <= last; ++scalar) {
+            plain += utf8(scalar);
+        }
+        EXPECT_EQ(characterCount(plain), last - first + 1);
+        EXPECT_EQ(characterCount(plain + "\u0301"), last - first + 1);
+    }
+}
+
+TEST(TextTest, ACharacterOfOneComposedScalarIsThatScalar) {
+    EXPECT_EQ(composedScalar("a"), U'a');
+    EXPECT_EQ(composedScalar("é"), U'é');
+    EXPECT_EQ(composedScalar("e\u0301"), U'é');
+    EXPECT_EQ(composedScalar("\u212B"), U'Å');
+    EXPECT_EQ(composedScalar("\u0958"), std::nullopt) << "composed form takes it apart";
+    EXPECT_EQ(composedScalar("x\u0301"), std::nullopt);
+    EXPECT_EQ(composedScalar("\r\n"), std::nullopt);
+    EXPECT_EQ(composedScalar(""), std::nullopt);
 }
 
 TEST(TextTest, DroppingCharactersKeepsTheRestWhole) {
