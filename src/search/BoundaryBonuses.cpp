@@ -1,26 +1,66 @@
+// A bonus looks at two neighbours, and at each only for what kind of character it is. Kinds are a
+// table for ASCII, which most texts are.
+
 #include "search/BoundaryBonuses.h"
 
 #include "base/Text.h"
 #include "search/MatchScore.h"
 
+#include <array>
+
 namespace pello {
 namespace {
 
+enum Traits : std::uint8_t {
+    kNone = 0,
+    kSeparator = 1,
+    kLower = 2,
+    kUpper = 4,
+    kLetter = 8,
+    kNumber = 16
+};
+
 constexpr std::string_view kSeparators = " -_./\\()[]:,+&'";
 
-bool isSeparator(std::string_view character) {
-    return character.size() == 1 && kSeparators.find(character[0]) != std::string_view::npos;
+constexpr std::array<std::uint8_t, 128> makeAsciiTraits() {
+    std::array<std::uint8_t, 128> traits{};
+    for (const char separator : kSeparators) {
+        traits[static_cast<unsigned char>(separator)] = kSeparator;
+    }
+    for (unsigned char c = 'a'; c <= 'z'; ++c) {
+        traits[c] = kLower | kLetter;
+        traits[c - 'a' + 'A'] = kUpper | kLetter;
+    }
+    for (unsigned char c = '0'; c <= '9'; ++c) {
+        traits[c] = kNumber;
+    }
+    return traits;
 }
 
-std::uint8_t bonus(std::string_view previous, std::string_view current) {
-    if (isSeparator(previous)) {
+constexpr std::array<std::uint8_t, 128> kAsciiTraits = makeAsciiTraits();
+
+std::uint8_t traitsOf(std::string_view character) {
+    const auto first = static_cast<unsigned char>(character[0]);
+    if (character.size() == 1 && first < kAsciiTraits.size()) {
+        return kAsciiTraits[first];
+    }
+    unsigned traits = kNone;
+    traits |= text::isLowercase(character) ? kLower : kNone;
+    traits |= text::isUppercase(character) ? kUpper : kNone;
+    traits |= text::isLetter(character) ? kLetter : kNone;
+    traits |= text::isNumber(character) ? kNumber : kNone;
+    return static_cast<std::uint8_t>(traits);
+}
+
+std::uint8_t bonus(unsigned previous, unsigned current) {
+    if ((previous & kSeparator) != 0) {
         return MatchScore::kSeparatorBonus;
     }
-    if (text::isLowercase(previous) && text::isUppercase(current)) {
+    if ((previous & kLower) != 0 && (current & kUpper) != 0) {
         return MatchScore::kHumpBonus;
     }
-    if ((text::isNumber(previous) && text::isLetter(current)) ||
-        (text::isLetter(previous) && text::isNumber(current))) {
+    if (((previous & kNumber) != 0 && (current & kLetter) != 0) ||
+        ((previous & kLetter) != 0 && (current & kNumber) != 0)) {
         return MatchScore::kNumberBonus;
     }
     return 0;
@@ -28,13 +68,26 @@ std::uint8_t bonus(std::string_view previous, std::string_view current) {
 
 } // namespace
 
-std::vector<std::uint8_t> boundaryBonuses(std::string_view text) {
-    const auto characters = text::characterViews(text);
-    std::vector<std::uint8_t> bonuses(characters.size());
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        bonuses[i] = i == 0 ? MatchScore::kStartBonus : bonus(characters[i - 1], characters[i]);
+void boundaryBonuses(std::string_view text, std::vector<std::uint8_t>& bonuses) {
+    bonuses.clear();
+    unsigned previous = kNone;
+    const auto add = [&](unsigned current) {
+        bonuses.push_back(bonuses.empty() ? MatchScore::kStartBonus : bonus(previous, current));
+        previous = current;
+    };
+    if (text::hasOnlySingleByteCharacters(text)) {
+        for (const char byte : text) {
+            add(kAsciiTraits[static_cast<unsigned char>(byte)]);
+        }
+        return;
     }
-    return bonuses;
+    for (const auto character : text::characterViews(text)) {
+        add(traitsOf(character));
+    }
+}
+
+bool isSeparator(std::string_view character) {
+    return !character.empty() && (traitsOf(character) & kSeparator) != 0;
 }
 
 } // namespace pello

@@ -27,22 +27,11 @@ char32_t CharacterCodes::find(std::string_view character) const {
     if (isAscii(character)) {
         return static_cast<unsigned char>(character[0]);
     }
-    const std::string composed = text::composed(character);
-    if (const auto scalar = text::singleScalar(composed)) {
+    if (const auto scalar = text::composedScalar(character)) {
         return *scalar;
     }
-    const auto found = numbered_.find(composed);
+    const auto found = numbered_.find(text::composed(character));
     return found == numbered_.end() ? kAbsent : found->second;
-}
-
-std::vector<char32_t> CharacterCodes::addAll(std::string_view text) {
-    const auto characters = text::characterViews(text);
-    std::vector<char32_t> codes;
-    codes.reserve(characters.size());
-    for (const auto character : characters) {
-        codes.push_back(add(character));
-    }
-    return codes;
 }
 
 std::size_t CharacterCodes::footprint() const {

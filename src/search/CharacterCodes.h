@@ -5,7 +5,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace pello {
 
@@ -24,9 +23,6 @@ public:
 
     /// The code of `character`, or `kAbsent`.
     [[nodiscard]] char32_t find(std::string_view character) const;
-
-    /// The codes of the characters of `text`, added where needed.
-    std::vector<char32_t> addAll(std::string_view text);
 
     /// Bytes held outside of the object.
     [[nodiscard]] std::size_t footprint() const;

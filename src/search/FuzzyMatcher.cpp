@@ -1,9 +1,8 @@
 #include "search/FuzzyMatcher.h"
 
-#include "base/Text.h"
-#include "search/BoundaryBonuses.h"
 #include "search/CharacterCodes.h"
 #include "search/ScoreTable.h"
+#include "search/TextPreparer.h"
 
 namespace pello::FuzzyMatcher {
 namespace {
@@ -23,21 +22,24 @@ std::optional<Match> match(std::span<const std::string> query, std::string_view 
         return Match{};
     }
     CharacterCodes codes;
-    const auto characters = codes.addAll(text::lowercased(candidate));
+    PreparedText text;
+    prepareText(candidate, codes, text);
+    if (text.codes.empty()) {
+        text.codes.assign(text.bytes.begin(), text.bytes.end());
+    }
     std::vector<char32_t> wanted;
     wanted.reserve(query.size());
     for (const std::string& character : query) {
         wanted.push_back(codes.find(character));
     }
-    if (characters.size() < wanted.size() || !isSubsequence(wanted, characters)) {
+    if (!isSubsequence(wanted, text.codes)) {
         return std::nullopt;
     }
-    auto bonuses = boundaryBonuses(candidate);
-    bonuses.resize(characters.size()); // lower-casing may split a character
     ScoreTable table;
-    const ScoredText<char32_t> scored = {characters, bonuses};
-    return Match{.score = table.score(std::span<const char32_t>(wanted), scored),
-                 .positions = table.positions(std::span<const char32_t>(wanted), scored)};
+    const std::span<const char32_t> needle = wanted;
+    const ScoredText<char32_t> scored = {text.codes, text.bonuses};
+    return Match{.score = table.score(needle, scored),
+                 .positions = table.positions(needle, scored)};
 }
 
 } // namespace pello::FuzzyMatcher

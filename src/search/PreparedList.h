@@ -2,6 +2,11 @@
 
 #include "core/items/LaunchItem.h"
 #include "core/items/SearchResult.h"
+#include "search/CharacterCodes.h"
+#include "search/CombinedIndex.h"
+#include "search/IdTable.h"
+#include "search/KeywordIndex.h"
+#include "search/TextTable.h"
 
 #include <cstddef>
 #include <memory>
@@ -24,10 +29,30 @@ public:
     /// The item at `index`, sharing the ownership of this list.
     [[nodiscard]] LaunchItemRef ref(std::size_t index) const;
 
+    // What the search reads.
+
+    /// The characters that all texts of the list are made of.
+    [[nodiscard]] const CharacterCodes& codes() const { return codes_; }
+    /// The titles, numbered as the items.
+    [[nodiscard]] const TextTable& titles() const { return titles_; }
+    [[nodiscard]] const KeywordIndex& keywords() const { return keywords_; }
+    [[nodiscard]] const CombinedIndex& combined() const { return combined_; }
+    [[nodiscard]] const IdTable& ids() const { return ids_; }
+
+    /// Bytes that the list holds beyond the items themselves.
+    [[nodiscard]] std::size_t footprint() const;
+
 private:
     explicit PreparedList(std::vector<LaunchItem> items);
 
+    static TextTable prepareTitles(std::span<const LaunchItem> items, CharacterCodes& codes);
+
     std::vector<LaunchItem> items_;
+    CharacterCodes codes_; // before the texts, which add to it
+    TextTable titles_;
+    KeywordIndex keywords_;
+    CombinedIndex combined_;
+    IdTable ids_;
 };
 
 /// The lists of all sources that take part in a search, in catalogue order. Never null entries.

@@ -1,8 +1,8 @@
 #include "search/SearchEngine.h"
 
-#include "search/ItemMatch.h"
+#include "search/LearnedItems.h"
 #include "search/MatchScore.h"
-#include "search/TieOrder.h"
+#include "search/RankedSearch.h"
 
 #include <algorithm>
 
@@ -11,50 +11,25 @@ namespace {
 
 using Rows = std::vector<SearchResult>;
 
-void keepFirst(Rows& rows, std::ptrdiff_t limit) {
-    const auto kept = static_cast<std::size_t>(std::max<std::ptrdiff_t>(limit, 0));
-    rows.resize(std::min(rows.size(), kept));
-}
-
-template <class Visit>
-void forEachItem(const Catalogue& catalogue, Visit visit) {
-    for (const auto& list : catalogue) {
-        for (std::size_t i = 0; i < list->items().size(); ++i) {
-            visit(*list, i);
-        }
-    }
+std::size_t count(std::ptrdiff_t limit) {
+    return static_cast<std::size_t>(std::max<std::ptrdiff_t>(limit, 0));
 }
 
 Rows recentlyUsed(const Catalogue& catalogue, const UsageStore& usage, std::ptrdiff_t limit) {
     Rows rows;
-    forEachItem(catalogue, [&](const PreparedList& list, std::size_t i) {
-        const double boost = usage.boost(list.items()[i].id, "");
-        if (boost > 0) {
-            rows.push_back({.item = list.ref(i), .score = boost, .titleMatches = {}});
+    LearnedItems& learned = usage.learnedItems();
+    for (const auto& list : catalogue) {
+        for (const std::uint32_t i : learned.in(*list).indices) {
+            const double boost = usage.boost(list->items()[i].id, "");
+            if (boost > 0) {
+                rows.push_back({.item = list->ref(i), .score = boost, .titleMatches = {}});
+            }
         }
-    });
+    }
     std::stable_sort(rows.begin(), rows.end(), [](const SearchResult& a, const SearchResult& b) {
         return a.score > b.score;
     });
-    keepFirst(rows, limit);
-    return rows;
-}
-
-Rows ranked(const SearchQuery& query, const Catalogue& catalogue, const UsageStore& usage,
-            std::ptrdiff_t limit) {
-    Rows rows;
-    forEachItem(catalogue, [&](const PreparedList& list, std::size_t i) {
-        const LaunchItem& item = list.items()[i];
-        if (auto match = matchItem(item, query)) {
-            rows.push_back({.item = list.ref(i),
-                            .score = match->score + usage.boost(item.id, query.trimmed),
-                            .titleMatches = std::move(match->titleMatches)});
-        }
-    });
-    std::stable_sort(rows.begin(), rows.end(), [](const SearchResult& a, const SearchResult& b) {
-        return a.score != b.score ? a.score > b.score : TieOrder::compare(*a.item, *b.item) < 0;
-    });
-    keepFirst(rows, limit);
+    rows.resize(std::min(rows.size(), count(limit)));
     return rows;
 }
 
@@ -78,12 +53,16 @@ void merge(Rows& rows, const LaunchItemRef& action) {
 
 std::vector<SearchResult> results(std::string_view query, const Catalogue& catalogue,
                                   std::span<const LaunchItemRef> quickActions,
-                                  const UsageStore& usage, std::ptrdiff_t limit) {
+                                  const UsageStore& usage, std::ptrdiff_t limit, SearchWork* work) {
     const SearchQuery prepared(query);
     if (prepared.isBlank()) {
         return recentlyUsed(catalogue, usage, limit);
     }
-    Rows rows = ranked(prepared, catalogue, usage, limit);
+    RankedSearch search(prepared, catalogue, usage);
+    Rows rows = search.rows(count(limit));
+    if (work != nullptr) {
+        *work = search.work();
+    }
     for (const LaunchItemRef& action : quickActions) {
         merge(rows, action);
     }

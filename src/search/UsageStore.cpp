@@ -1,6 +1,7 @@
 #include "search/UsageStore.h"
 
 #include "base/Text.h"
+#include "search/LearnedItems.h"
 #include "search/UsageCoding.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@ constexpr std::string_view kBindingsKey = "usage.bindings";
 constexpr double kSecondsPerDay = 86400;
 constexpr double kFullRecency = 28;
 constexpr double kHalfLife = 14; // days
-constexpr double kBindingBoost = 400;
 
 std::string normalized(std::string_view query) {
     return text::lowercased(text::trimmingBlanks(query));
@@ -24,8 +24,7 @@ std::string normalized(std::string_view query) {
 
 double recency(Date lastUsed, Date now) {
     const double age = (now - lastUsed).count() / kSecondsPerDay;
-    const double value = kFullRecency * std::exp2(-age / kHalfLife);
-    return std::isfinite(value) ? value : 0;
+    return kFullRecency * std::exp2(-age / kHalfLife);
 }
 
 /// Counted as a real number: the count may be as large as an integer gets.
@@ -36,21 +35,19 @@ double frequency(std::int64_t count) {
 } // namespace
 
 UsageStore::UsageStore(UserDefaults& defaults, const MainLoop& loop)
-    : defaults_(defaults), loop_(loop) {
+    : defaults_(defaults), loop_(loop), learnedItems_(std::make_unique<LearnedItems>(*this)) {
     load();
     changedElsewhere_ = defaults_.changedElsewhere.connect([this](const auto& keys) {
         const auto isOurs = [](std::string_view key) {
             return key == kRecordsKey || key == kBindingsKey;
         };
         if (std::any_of(keys.begin(), keys.end(), isOurs)) {
-            const auto before = std::pair(records_, bindings_);
-            load();
-            if (before != std::pair(records_, bindings_)) {
-                changed.emit();
-            }
+            reload();
         }
     });
 }
+
+UsageStore::~UsageStore() = default;
 
 void UsageStore::record(std::string_view itemID, std::string_view query) {
     Record& record = records_[std::string(itemID)];
@@ -62,7 +59,7 @@ void UsageStore::record(std::string_view itemID, std::string_view query) {
         bindings_[std::move(bound)] = itemID;
     }
     persist();
-    changed.emit();
+    noteChange();
 }
 
 double UsageStore::boost(std::string_view itemID, std::string_view query) const {
@@ -72,16 +69,36 @@ double UsageStore::boost(std::string_view itemID, std::string_view query) const 
 UsageStore::Boost UsageStore::boostParts(std::string_view itemID, std::string_view query) const {
     Boost boost;
     if (const auto found = records_.find(itemID); found != records_.end()) {
-        boost.recency = recency(found->second.lastUsed, loop_.now());
-        boost.frequency = frequency(found->second.count);
+        boost = boostParts(found->second);
     }
-    if (!query.empty()) {
-        const auto bound = bindings_.find(normalized(query));
-        if (bound != bindings_.end() && bound->second == itemID) {
-            boost.binding = kBindingBoost;
-        }
+    const std::string* bound = boundItem(query);
+    if (bound != nullptr && *bound == itemID) {
+        boost.binding = Boost::kBinding;
     }
     return boost;
+}
+
+UsageStore::Boost UsageStore::boostParts(const Record& record) const {
+    Boost boost = {.recency = recency(record.lastUsed, loop_.now()),
+                   .frequency = frequency(record.count),
+                   .binding = 0};
+    if (!std::isfinite(boost.sum())) { // a date that is no date
+        boost.recency = 0;
+    }
+    return boost;
+}
+
+const std::string* UsageStore::boundItem(std::string_view query) const {
+    if (query.empty()) {
+        return nullptr;
+    }
+    const auto bound = bindings_.find(normalized(query));
+    return bound == bindings_.end() ? nullptr : &bound->second;
+}
+
+LearnedItems& UsageStore::learnedItems() const {
+    learnedItems_->update();
+    return *learnedItems_;
 }
 
 void UsageStore::prune(const std::unordered_set<std::string>& keeping,
@@ -98,7 +115,7 @@ void UsageStore::prune(const std::unordered_set<std::string>& keeping,
     std::erase_if(records_, [&](const auto& entry) { return gone.contains(entry.first); });
     std::erase_if(bindings_, [&](const auto& entry) { return gone.contains(entry.second); });
     persist();
-    changed.emit();
+    noteChange();
 }
 
 void UsageStore::forgetAll() {
@@ -107,11 +124,12 @@ void UsageStore::forgetAll() {
     bindings_.clear();
     persist();
     if (knew) {
-        changed.emit();
+        noteChange();
     }
 }
 
 void UsageStore::load() {
+    ++revision_;
     records_.clear();
     bindings_.clear();
     if (const auto stored = defaults_.value(kRecordsKey)) {
@@ -124,9 +142,22 @@ void UsageStore::load() {
     }
 }
 
+void UsageStore::reload() {
+    const auto before = std::pair(records_, bindings_);
+    load();
+    if (before != std::pair(records_, bindings_)) {
+        noteChange();
+    }
+}
+
 void UsageStore::persist() {
     defaults_.set(kRecordsKey, UsageCoding::encodeRecords(records_));
     defaults_.set(kBindingsKey, UsageCoding::encodeBindings(bindings_));
+}
+
+void UsageStore::noteChange() {
+    ++revision_;
+    changed.emit();
 }
 
 } // namespace pello

@@ -1,0 +1,47 @@
+#include "search/TextPreparer.h"
+
+#include "base/Text.h"
+#include "search/BoundaryBonuses.h"
+
+namespace pello {
+namespace {
+
+std::uint8_t lowercasedByte(char byte) {
+    return static_cast<std::uint8_t>(byte >= 'A' && byte <= 'Z' ? byte + ('a' - 'A') : byte);
+}
+
+bool joinsSpaces(std::string_view first, std::string_view last) {
+    return text::characterCount(std::string(" ").append(first)) != 2 ||
+           text::characterCount(std::string(last).append(" ")) != 2;
+}
+
+} // namespace
+
+void prepareText(std::string_view text, CharacterCodes& codes, PreparedText& prepared) {
+    prepared.bytes.clear();
+    prepared.codes.clear();
+    prepared.isRegular = true;
+    boundaryBonuses(text, prepared.bonuses);
+    if (text::hasOnlySingleByteCharacters(text)) {
+        for (const char byte : text) {
+            prepared.bytes.push_back(lowercasedByte(byte));
+        }
+        return;
+    }
+    bool isAscii = true;
+    const std::string lowered = text::lowercased(text);
+    const auto characters = text::characterViews(lowered);
+    for (const auto character : characters) {
+        prepared.codes.push_back(codes.add(character));
+        prepared.bytes.push_back(characterByte(prepared.codes.back()));
+        isAscii = isAscii && prepared.codes.back() < 0x80;
+    }
+    if (isAscii) { // a Kelvin sign is a plain k now
+        prepared.codes.clear();
+    }
+    prepared.isRegular = prepared.bonuses.size() == characters.size() &&
+                         !joinsSpaces(characters.front(), characters.back());
+    prepared.bonuses.resize(prepared.bytes.size()); // lower-casing may split a character
+}
+
+} // namespace pello

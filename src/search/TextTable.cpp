@@ -1,0 +1,119 @@
+#include "search/TextTable.h"
+
+#include "search/PositionMask.h"
+#include "search/PresenceMask.h"
+
+#include <algorithm>
+
+namespace pello {
+namespace {
+
+template <class Element>
+std::size_t bytesOf(const std::vector<Element>& elements) {
+    return elements.capacity() * sizeof(Element);
+}
+
+} // namespace
+
+void TextTable::add(const PreparedText& text) {
+    if (!text.isRegular) {
+        irregular_.push_back(static_cast<std::uint32_t>(begins_.size() - 1));
+    }
+    if (!text.codes.empty()) {
+        coded_.push_back({static_cast<std::uint32_t>(begins_.size() - 1),
+                          static_cast<std::uint32_t>(codes_.size())});
+        codes_.insert(codes_.end(), text.codes.begin(), text.codes.end());
+    }
+    bytes_.insert(bytes_.end(), text.bytes.begin(), text.bytes.end());
+    bonuses_.insert(bonuses_.end(), text.bonuses.begin(), text.bonuses.end());
+    begins_.push_back(static_cast<std::uint32_t>(bytes_.size()));
+}
+
+void TextTable::arrange() {
+    sortByLength();
+    moveTexts();
+    for (Coded& text : coded_) {
+        text.place = slots_[text.place];
+    }
+    std::sort(coded_.begin(), coded_.end(),
+              [](const Coded& left, const Coded& right) { return left.place < right.place; });
+    codes_.shrink_to_fit();
+    coded_.shrink_to_fit();
+}
+
+/// Fills groups_, slots_ and numbers_; texts of one length keep their order.
+void TextTable::sortByLength() {
+    const std::size_t count = begins_.size() - 1;
+    numbers_.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        numbers_[i] = static_cast<std::uint32_t>(i);
+    }
+    const auto lengthOf = [&](std::uint32_t number) {
+        return begins_[number + 1] - begins_[number];
+    };
+    std::stable_sort(
+        numbers_.begin(), numbers_.end(),
+        [&](std::uint32_t left, std::uint32_t right) { return lengthOf(left) < lengthOf(right); });
+    slots_.resize(count);
+    for (std::uint32_t slot = 0; slot < count; ++slot) {
+        const std::uint32_t number = numbers_[slot];
+        slots_[number] = slot;
+        if (groups_.empty() || groups_.back().length != lengthOf(number)) {
+            groups_.push_back({.length = lengthOf(number), .first = slot, .end = slot});
+        }
+        groups_.back().end = slot + 1;
+    }
+    groups_.shrink_to_fit();
+}
+
+void TextTable::moveTexts() {
+    const std::size_t padded = bytes_.size() + PositionMask::kMostPositions;
+    std::vector<std::uint8_t> bytes;
+    std::vector<std::uint8_t> bonuses;
+    std::vector<std::uint32_t> begins;
+    bytes.reserve(padded);
+    bonuses.reserve(padded);
+    begins.reserve(begins_.size());
+    masks_.reserve(numbers_.size());
+    for (const std::uint32_t number : numbers_) {
+        const auto first = static_cast<std::ptrdiff_t>(begins_[number]);
+        const auto last = static_cast<std::ptrdiff_t>(begins_[number + 1]);
+        begins.push_back(static_cast<std::uint32_t>(bytes.size()));
+        bytes.insert(bytes.end(), bytes_.begin() + first, bytes_.begin() + last);
+        bonuses.insert(bonuses.end(), bonuses_.begin() + first, bonuses_.begin() + last);
+        masks_.push_back(PresenceMask::of(std::span(bytes).subspan(begins.back())));
+    }
+    begins.push_back(static_cast<std::uint32_t>(bytes.size()));
+    bytes.resize(padded);
+    bonuses.resize(padded);
+    bytes_ = std::move(bytes);
+    bonuses_ = std::move(bonuses);
+    begins_ = std::move(begins);
+}
+
+const TextTable::Coded* TextTable::coded(std::uint32_t slot) const {
+    const auto found =
+        std::lower_bound(coded_.begin(), coded_.end(), slot,
+                         [](const Coded& text, std::uint32_t place) { return text.place < place; });
+    return found != coded_.end() && found->place == slot ? &*found : nullptr;
+}
+
+bool TextTable::hasCodes(std::uint32_t slot) const {
+    return coded(slot) != nullptr;
+}
+
+ScoredText<char32_t> TextTable::codes(std::uint32_t slot) const {
+    return {{codes_.data() + coded(slot)->begin, length(slot)}, bytes(slot).bonuses};
+}
+
+bool TextTable::isRegular(std::uint32_t number) const {
+    return !std::binary_search(irregular_.begin(), irregular_.end(), number);
+}
+
+std::size_t TextTable::footprint() const {
+    return bytesOf(bytes_) + bytesOf(bonuses_) + bytesOf(begins_) + bytesOf(masks_) +
+           bytesOf(numbers_) + bytesOf(slots_) + bytesOf(groups_) + bytesOf(codes_) +
+           bytesOf(coded_) + bytesOf(irregular_);
+}
+
+} // namespace pello
