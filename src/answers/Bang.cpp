@@ -16,7 +16,10 @@ std::optional<Bang> decodeOne(const json& object) {
     if (!keyword || !name || !address || !id) {
         return std::nullopt;
     }
-    return Bang{std::move(*keyword), std::move(*name), std::move(*address), *id};
+    return Bang{.keyword = std::move(*keyword),
+                .name = std::move(*name),
+                .addressTemplate = std::move(*address),
+                .id = *id};
 }
 
 ordered_json encodeOne(const Bang& bang) {
@@ -30,12 +33,24 @@ ordered_json encodeOne(const Bang& bang) {
 
 std::vector<Bang> Bang::starters() {
     return {
-        {"g", "Google", "https://www.google.com/search?q={query}"},
-        {"d", "DuckDuckGo", "https://duckduckgo.com/?q={query}"},
-        {"w", "Wikipedia", "https://en.wikipedia.org/w/index.php?search={query}"},
-        {"gh", "GitHub", "https://github.com/search?q={query}"},
-        {"yt", "YouTube", "https://www.youtube.com/results?search_query={query}"},
-        {"map", "Apple Maps", "https://maps.apple.com/?q={query}"},
+        {.keyword = "g",
+         .name = "Google",
+         .addressTemplate = "https://www.google.com/search?q={query}"},
+        {.keyword = "d",
+         .name = "DuckDuckGo",
+         .addressTemplate = "https://duckduckgo.com/?q={query}"},
+        {.keyword = "w",
+         .name = "Wikipedia",
+         .addressTemplate = "https://en.wikipedia.org/w/index.php?search={query}"},
+        {.keyword = "gh",
+         .name = "GitHub",
+         .addressTemplate = "https://github.com/search?q={query}"},
+        {.keyword = "yt",
+         .name = "YouTube",
+         .addressTemplate = "https://www.youtube.com/results?search_query={query}"},
+        {.keyword = "map",
+         .name = "Apple Maps",
+         .addressTemplate = "https://maps.apple.com/?q={query}"},
     };
 }
 

@@ -15,7 +15,7 @@ std::optional<URLAlias> decodeOne(const json& object) {
     if (!alias || !url || !id) {
         return std::nullopt;
     }
-    return URLAlias{std::move(*alias), std::move(*url), *id};
+    return URLAlias{.alias = std::move(*alias), .url = std::move(*url), .id = *id};
 }
 
 ordered_json encodeOne(const URLAlias& alias) {

@@ -49,7 +49,7 @@ TEST_F(PelloSettingsTest, AFreshUserGetsTheDefaultsAndNothingIsWritten) {
     EXPECT_EQ(fresh.activation(), Activation::rightCommand);
     EXPECT_EQ(fresh.keyCombo().storageValue(), "49:524288");
     EXPECT_EQ(fresh.glyphCombo(), std::nullopt);
-    EXPECT_EQ(fresh.panelPlacement(), (PanelPlacement{0.5, 0.22}));
+    EXPECT_EQ(fresh.panelPlacement(), (PanelPlacement{.centerX = 0.5, .top = 0.22}));
     EXPECT_EQ(fresh.searchEngine(), WebSearchEngine::duckDuckGo);
     EXPECT_EQ(fresh.maximumResults(), 8);
     EXPECT_EQ(fresh.fontSize(), 16);
@@ -81,17 +81,18 @@ TEST_F(PelloSettingsTest, RegistersExactlyTheThirteenValues) {
 
 TEST_F(PelloSettingsTest, EverySettingIsWrittenAtOnceInItsFormAndReadBackByTheNextStart) {
     auto& first = start();
-    const std::vector<Bang> bangs{{"k", "Name", "https://k.example/{query}"}};
+    const std::vector<Bang> bangs{
+        {.keyword = "k", .name = "Name", .addressTemplate = "https://k.example/{query}"}};
     first.activation.set(Activation::capsLock);
     first.glyphCombo.set(KeyCombo(6, KeyCombo::kControl));
-    first.panelPlacement.set({0.25, 0.75});
+    first.panelPlacement.set({.centerX = 0.25, .top = 0.75});
     first.searchEngine.set(WebSearchEngine::kagi);
     first.extraDirectories.set({"/opt/one", "/opt/two words"});
     first.maximumResults.set(9);
     first.fontSize.set(18.5);
     first.commandTabPosition.set(CommandTabPosition::bottom);
     first.bangs.set(bangs);
-    first.urlAliases.set({{"Mail", "mail.example"}});
+    first.urlAliases.set({{.alias = "Mail", .url = "mail.example"}});
 
     EXPECT_THAT(stored("activation"), Optional(PropertyValue("capsLock")));
     EXPECT_THAT(stored("glyphCombo"), Optional(PropertyValue("6:262144")));

@@ -15,7 +15,7 @@ std::optional<PanelPlacement> PanelPlacement::fromStorage(std::string_view store
     if (!centerX || !top) {
         return std::nullopt;
     }
-    return PanelPlacement{*centerX, *top};
+    return PanelPlacement{.centerX = *centerX, .top = *top};
 }
 
 std::string PanelPlacement::storageValue() const {

@@ -32,7 +32,7 @@ UserDefaults& registering(UserDefaults& defaults) {
 } // namespace
 
 PelloSettings::PelloSettings(UserDefaults& defaults, LoginItem& loginItem)
-    : scope_{registering(defaults), changed},
+    : scope_{.defaults = registering(defaults), .changed = changed},
       launchAtLogin(loginItem, changed),
       changedElsewhere_(defaults.changedElsewhere.connect(
           [this](const std::vector<std::string>& keys) { reload(keys); })) {}

@@ -30,16 +30,16 @@ struct NumberRange {
 };
 
 constexpr std::array kRanges{
-    NumberRange{"maximumResults", 1, 50},
-    NumberRange{"fontSize", 8, 72},
-    NumberRange{"switcherIconSize", 12, 128},
-    NumberRange{"commandTabIconSize", 12, 128},
+    NumberRange{.key = "maximumResults", .least = 1, .most = 50},
+    NumberRange{.key = "fontSize", .least = 8, .most = 72},
+    NumberRange{.key = "switcherIconSize", .least = 12, .most = 128},
+    NumberRange{.key = "commandTabIconSize", .least = 12, .most = 128},
 };
 
 NumberRange rangeOf(std::string_view key) {
     const auto* const range = std::find_if(kRanges.begin(), kRanges.end(),
                                            [key](const auto& entry) { return entry.key == key; });
-    return range != kRanges.end() ? *range : NumberRange{key, 1, 1000};
+    return range != kRanges.end() ? *range : NumberRange{.key = key, .least = 1, .most = 1000};
 }
 
 json parseJSON(std::string_view text) {
@@ -83,9 +83,9 @@ std::string SettingForm<bool>::expected(std::string_view /*key*/) {
 std::optional<std::int64_t> SettingForm<std::int64_t>::parse(std::string_view text,
                                                              std::string_view key) {
     std::int64_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc{} || stop != end || !rangeOf(key).contains(number)) {
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isWhole = error == std::errc{} && stop == text.data() + text.size();
+    if (!isWhole || !rangeOf(key).contains(number)) {
         return std::nullopt;
     }
     return number;

@@ -13,13 +13,17 @@ constexpr std::size_t kQuotedCharacters = 40;
 
 template <class T>
 SettingsText::Entry entryOf(const Setting<T>& setting) {
-    return {setting.key(), SettingForm<T>::text(setting.get()),
-            SettingForm<T>::text(setting.defaultValue()), setting.isStored()};
+    return {.key = setting.key(),
+            .value = SettingForm<T>::text(setting.get()),
+            .defaultValue = SettingForm<T>::text(setting.defaultValue()),
+            .isStored = setting.isStored()};
 }
 
 SettingsText::Entry entryOf(const LaunchAtLogin& setting) {
-    return {std::string(kLaunchAtLogin), SettingForm<bool>::text(setting.get()),
-            SettingForm<bool>::text(false), setting.get()};
+    return {.key = std::string(kLaunchAtLogin),
+            .value = SettingForm<bool>::text(setting.get()),
+            .defaultValue = SettingForm<bool>::text(false),
+            .isStored = setting.get()};
 }
 
 std::string quoted(std::string_view text) {

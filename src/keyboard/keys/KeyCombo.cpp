@@ -12,9 +12,9 @@ namespace {
 template <class Number>
 std::optional<Number> parseUnsigned(std::string_view digits) {
     Number number = 0;
-    const char* end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, number);
-    if (error != std::errc{} || stop != end) {
+    const auto [stop, error] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error != std::errc{} || stop != digits.data() + digits.size()) {
         return std::nullopt;
     }
     return number;
