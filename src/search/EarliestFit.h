@@ -51,8 +51,8 @@ template <unsigned Blocks>
 
 /// Whether the first `length` characters of `text` contain `query`. The text is readable for
 /// whole blocks.
-[[nodiscard]] inline bool exists(std::span<const std::uint8_t> query, const std::uint8_t* text,
-                                 std::size_t length) {
+[[nodiscard]] inline __attribute__((always_inline)) bool
+exists(std::span<const std::uint8_t> query, const std::uint8_t* text, std::size_t length) {
     switch (PositionMask::blocks(length)) {
     case 0:
         return query.empty();
@@ -67,29 +67,6 @@ template <unsigned Blocks>
     default:
         return detail::inLongText(query, text, length);
     }
-}
-
-/// How many characters of the query a text takes, and where the last of them ends.
-struct Advance {
-    std::size_t count;
-    std::size_t end;
-};
-
-/// Goes through the whole `text` as far as the query goes.
-[[nodiscard]] inline Advance advance(std::span<const std::uint8_t> query,
-                                     std::span<const std::uint8_t> text) {
-    Advance result = {0, 0};
-    for (const std::uint8_t character : query) {
-        const void* found =
-            std::memchr(text.data() + result.end, character, text.size() - result.end);
-        if (found == nullptr) {
-            break;
-        }
-        result.end =
-            static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - text.data()) + 1;
-        ++result.count;
-    }
-    return result;
 }
 
 /// Where each query character can lie in a text of at most 64 characters that contains the query:

@@ -26,45 +26,6 @@ std::size_t bytesOf(const std::vector<Element>& elements) {
     return elements.capacity() * sizeof(Element);
 }
 
-/// FNV-1a.
-class Hash {
-public:
-    void add(std::string_view bytes) {
-        for (const char byte : bytes) {
-            add(static_cast<unsigned char>(byte));
-        }
-    }
-    void add(unsigned char byte) { value_ = (value_ ^ byte) * 16777619U; }
-    [[nodiscard]] std::uint32_t value() const { return value_; }
-
-private:
-    std::uint32_t value_ = 2166136261U;
-};
-
-/// Equal for characters that are the same to a reader.
-std::uint32_t bareHash(const std::vector<std::string>& characters) {
-    Hash hash;
-    for (const std::string& character : characters) {
-        hash.add(text::composed(character));
-    }
-    return hash.value();
-}
-
-std::uint32_t bareHash(const std::string& keyword) {
-    if (!text::hasOnlySingleByteCharacters(keyword)) {
-        return bareHash(bareCharacters(keyword));
-    }
-    Hash hash;
-    for (const char byte : keyword) {
-        const bool isSpace = byte == ' ' || (byte >= '\t' && byte <= '\r');
-        const bool isUpper = byte >= 'A' && byte <= 'Z';
-        if (!isSpace) {
-            hash.add(static_cast<unsigned char>(isUpper ? byte + ('a' - 'A') : byte));
-        }
-    }
-    return hash.value();
-}
-
 bool isExactly(const std::string& keyword, const std::vector<std::string>& query) {
     const auto characters = bareCharacters(keyword);
     return std::equal(characters.begin(), characters.end(), query.begin(), query.end(),
@@ -155,16 +116,16 @@ std::span<const std::uint32_t> KeywordIndex::keywordsOf(std::size_t item) const 
                                         keywordBegins_[item + 1] - keywordBegins_[item]);
 }
 
-std::vector<std::uint32_t> KeywordIndex::exactly(const std::vector<std::string>& query) const {
+std::vector<std::uint32_t> KeywordIndex::exactly(const SearchQuery& query) const {
     struct ByHash {
         bool operator()(const Bare& bare, std::uint32_t hash) const { return bare.hash < hash; }
         bool operator()(std::uint32_t hash, const Bare& bare) const { return hash < bare.hash; }
     };
     const auto [first, end] =
-        std::equal_range(bare_.begin(), bare_.end(), bareHash(query), ByHash{});
+        std::equal_range(bare_.begin(), bare_.end(), query.needleHash, ByHash{});
     std::vector<std::uint32_t> keywords;
     for (auto bare = first; bare != end; ++bare) {
-        if (isExactly(*originals_[bare->keyword], query)) {
+        if (isExactly(*originals_[bare->keyword], query.needle)) {
             keywords.push_back(bare->keyword);
         }
     }

@@ -2,6 +2,7 @@
 
 #include "core/items/LaunchItem.h"
 #include "search/CharacterCodes.h"
+#include "search/SearchQuery.h"
 #include "search/TextTable.h"
 
 #include <cstddef>
@@ -34,8 +35,8 @@ public:
     /// The keywords of an item, in its order.
     [[nodiscard]] std::span<const std::uint32_t> keywordsOf(std::size_t item) const;
 
-    /// The keywords that are the query, white space and case aside, given as `bareCharacters`.
-    [[nodiscard]] std::vector<std::uint32_t> exactly(const std::vector<std::string>& query) const;
+    /// The keywords that are the query, white space and case aside.
+    [[nodiscard]] std::vector<std::uint32_t> exactly(const SearchQuery& query) const;
 
     /// Bytes held outside of the object.
     [[nodiscard]] std::size_t footprint() const;

@@ -15,15 +15,13 @@ namespace pello {
 namespace {
 
 std::uint64_t maskOf(const PreparedList& list, std::uint32_t item) {
-    const TextTable& titles = list.titles();
     const TextTable& keywords = list.keywords().texts();
-    bool isRegular = titles.isRegular(item);
-    std::uint64_t mask = titles.masks()[titles.slotOf(item)];
+    std::uint64_t mask = list.titles().masks()[list.titles().slotOf(item)] |
+                         list.combined().masks()[list.combined().slotOf(item)];
     for (const std::uint32_t keyword : list.keywords().keywordsOf(item)) {
-        isRegular = isRegular && keywords.isRegular(keyword);
         mask |= keywords.masks()[keywords.slotOf(keyword)];
     }
-    return isRegular ? mask : ~std::uint64_t{0};
+    return mask;
 }
 
 } // namespace

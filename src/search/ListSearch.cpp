@@ -5,8 +5,6 @@
 #include "search/ListSearch.h"
 
 #include "base/Text.h"
-#include "search/FuzzyMatcher.h"
-#include "search/ItemMatch.h"
 #include "search/MatchScore.h"
 
 #include <algorithm>
@@ -31,8 +29,7 @@ ListSearch::ListSearch(const PreparedList& list, std::uint32_t index, SearchStat
       state_(state),
       needle_(state.query.needle, list.codes()),
       matcher_(needle_, state.bound, state.scores, state.work),
-      combined_(list, needle_, state.bound, matcher_, state.scores),
-      exact_(list.keywords().exactly(state.query.needle)),
+      exact_(list.keywords().exactly(state.query)),
       learned_(state.learned.in(list)) {
     if (const std::string* bound = state.usage.boundItem(state.query.trimmed)) {
         list.ids().find(*bound, list.items(), [&](std::uint32_t item) { bound_.push_back(item); });
@@ -95,36 +92,15 @@ void ListSearch::searchKeywords(KeptRows& rows) {
 }
 
 void ListSearch::searchCombined(KeptRows& rows) {
-    const auto offer = [&](std::uint32_t item, double score) {
-        rows.offer({.score = score * MatchScore::kKeywordFactor,
-                    .list = index_,
-                    .item = item,
-                    .isByTitle = false});
-    };
-    const auto entries = list_.combined().entries();
-    const auto masks = list_.combined().masks();
-    for (std::size_t i = 0; i < entries.size() && !needle_.isAbsent; ++i) {
-        if (!PresenceMask::mayContain(masks[i], needle_.mask) ||
-            entries[i].length < needle_.size()) {
-            continue;
-        }
-        const double needed = neededAside(rows.threshold());
-        if (state_.bound.byLength(entries[i].length) < needed) {
-            break; // longer ones score no better
-        }
-        ++state_.work.textsTried;
-        const std::uint32_t item = entries[i].item;
-        const auto score = combined_.score(item, entries[i].length, needed);
-        if (score && !isJudgedElsewhere(item)) {
-            offer(item, *score);
-        }
-    }
-    for (const std::uint32_t item : list_.combined().irregular()) {
-        const auto score = irregularScore(item);
-        if (score && !isJudgedElsewhere(item)) {
-            offer(item, *score);
-        }
-    }
+    matcher_.scan(
+        list_.combined(), [&] { return neededAside(rows.threshold()); },
+        [&](std::uint32_t item) { return isJudgedElsewhere(item) || matchesApart(item); },
+        [&](std::uint32_t item, double score) {
+            rows.offer({.score = score * MatchScore::kKeywordFactor,
+                        .list = index_,
+                        .item = item,
+                        .isByTitle = false});
+        });
 }
 
 std::optional<ScoredRow> ListSearch::rowOf(std::uint32_t item) {
@@ -162,6 +138,10 @@ std::optional<ListSearch::Score> ListSearch::score(std::uint32_t item, double ne
     if (const auto value = matcher_.score(titles, titles.slotOf(item), needed)) {
         best = Score{.value = *value, .isByTitle = true};
     }
+    const double most = state_.bound.byLength(needle_.size());
+    if (most < neededAside(best ? std::max(best->value, needed) : needed)) {
+        return best;
+    }
     const TextTable& texts = list_.keywords().texts();
     for (const std::uint32_t keyword : list_.keywords().keywordsOf(item)) {
         const double least = best ? std::max(best->value, needed) : needed;
@@ -170,34 +150,26 @@ std::optional<ListSearch::Score> ListSearch::score(std::uint32_t item, double ne
             best = Score{.value = *value * MatchScore::kKeywordFactor, .isByTitle = false};
         }
     }
+    const TextTable& combined = list_.combined();
     if (!best && state_.query.allowsCombined) {
-        if (const auto value = combinedScore(item, neededAside(needed))) {
+        const auto value = matcher_.score(combined, combined.slotOf(item), neededAside(needed));
+        if (value && !matchesApart(item)) {
             best = Score{.value = *value * MatchScore::kKeywordFactor, .isByTitle = false};
         }
     }
     return best;
 }
 
-std::optional<double> ListSearch::combinedScore(std::uint32_t item, double needed) {
-    const auto irregular = list_.combined().irregular();
-    if (std::binary_search(irregular.begin(), irregular.end(), item)) {
-        return irregularScore(item);
+/// Whether the title or a keyword matches by itself, which rules the combined text out.
+bool ListSearch::matchesApart(std::uint32_t item) const {
+    if (matcher_.contains(list_.titles(), list_.titles().slotOf(item))) {
+        return true;
     }
-    const auto keywords = list_.keywords().keywordsOf(item);
     const TextTable& texts = list_.keywords().texts();
-    std::size_t length = list_.titles().length(list_.titles().slotOf(item));
-    for (const std::uint32_t keyword : keywords) {
-        length += 1 + texts.length(texts.slotOf(keyword));
-    }
-    return keywords.empty() ? std::nullopt : combined_.score(item, length, needed);
-}
-
-std::optional<double> ListSearch::irregularScore(std::uint32_t item) const {
-    if (combined_.matchesApart(item)) {
-        return std::nullopt;
-    }
-    const auto match = FuzzyMatcher::match(state_.query.needle, combinedText(list_.items()[item]));
-    return match ? std::optional(match->score) : std::nullopt;
+    const auto keywords = list_.keywords().keywordsOf(item);
+    return std::any_of(keywords.begin(), keywords.end(), [&](std::uint32_t keyword) {
+        return matcher_.contains(texts, texts.slotOf(keyword));
+    });
 }
 
 /// Offers the items that the keyword gives `score`.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "search/CombinedMatcher.h"
 #include "search/KeptRows.h"
 #include "search/LearnedItems.h"
 #include "search/SearchQuery.h"
@@ -54,8 +53,7 @@ private:
 
     /// The score of one item, or nothing when it does not match or cannot score `needed`.
     [[nodiscard]] std::optional<Score> score(std::uint32_t item, double needed);
-    [[nodiscard]] std::optional<double> combinedScore(std::uint32_t item, double needed);
-    [[nodiscard]] std::optional<double> irregularScore(std::uint32_t item) const;
+    [[nodiscard]] bool matchesApart(std::uint32_t item) const;
     template <class Skips>
     void offerItems(std::uint32_t keyword, double score, Skips skips, KeptRows& rows);
     [[nodiscard]] bool isLearned(std::uint32_t item) const;
@@ -69,7 +67,6 @@ private:
     SearchState& state_;
     Needle needle_;
     TextMatcher matcher_;
-    CombinedMatcher combined_;
     std::vector<std::uint32_t> exact_; // keywords that are the query
     const LearnedItems::InList& learned_;
     std::vector<std::uint32_t> bound_; // items that ran last for the query

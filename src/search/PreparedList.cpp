@@ -1,8 +1,24 @@
 #include "search/PreparedList.h"
 
+#include "search/ItemMatch.h"
 #include "search/TextPreparer.h"
 
 namespace pello {
+namespace {
+
+template <class TextOf>
+TextTable prepared(std::span<const LaunchItem> items, CharacterCodes& codes, TextOf textOf) {
+    TextTable texts;
+    PreparedText text;
+    for (const LaunchItem& item : items) {
+        prepareText(textOf(item), codes, text);
+        texts.add(text);
+    }
+    texts.arrange();
+    return texts;
+}
+
+} // namespace
 
 std::shared_ptr<const PreparedList> PreparedList::make(std::vector<LaunchItem> items) {
     return std::shared_ptr<const PreparedList>(new PreparedList(std::move(items)));
@@ -10,21 +26,14 @@ std::shared_ptr<const PreparedList> PreparedList::make(std::vector<LaunchItem> i
 
 PreparedList::PreparedList(std::vector<LaunchItem> items)
     : items_(std::move(items)),
-      titles_(prepareTitles(items_, codes_)),
+      titles_(prepared(items_, codes_,
+                       [](const LaunchItem& item) -> const auto& { return item.title; })),
       keywords_(items_, codes_),
-      combined_(items_, titles_, keywords_),
+      combined_(prepared(items_, codes_,
+                         [](const LaunchItem& item) {
+                             return item.keywords.empty() ? std::string() : combinedText(item);
+                         })),
       ids_(items_) {}
-
-TextTable PreparedList::prepareTitles(std::span<const LaunchItem> items, CharacterCodes& codes) {
-    TextTable titles;
-    PreparedText prepared;
-    for (const LaunchItem& item : items) {
-        prepareText(item.title, codes, prepared);
-        titles.add(prepared);
-    }
-    titles.arrange();
-    return titles;
-}
 
 LaunchItemRef PreparedList::ref(std::size_t index) const {
     return {shared_from_this(), &items_[index]};

@@ -3,7 +3,6 @@
 #include "core/items/LaunchItem.h"
 #include "core/items/SearchResult.h"
 #include "search/CharacterCodes.h"
-#include "search/CombinedIndex.h"
 #include "search/IdTable.h"
 #include "search/KeywordIndex.h"
 #include "search/TextTable.h"
@@ -36,7 +35,9 @@ public:
     /// The titles, numbered as the items.
     [[nodiscard]] const TextTable& titles() const { return titles_; }
     [[nodiscard]] const KeywordIndex& keywords() const { return keywords_; }
-    [[nodiscard]] const CombinedIndex& combined() const { return combined_; }
+    /// Title and keywords joined by spaces, numbered as the items; empty for items without
+    /// keywords.
+    [[nodiscard]] const TextTable& combined() const { return combined_; }
     [[nodiscard]] const IdTable& ids() const { return ids_; }
 
     /// Bytes that the list holds beyond the items themselves.
@@ -45,13 +46,11 @@ public:
 private:
     explicit PreparedList(std::vector<LaunchItem> items);
 
-    static TextTable prepareTitles(std::span<const LaunchItem> items, CharacterCodes& codes);
-
     std::vector<LaunchItem> items_;
     CharacterCodes codes_; // before the texts, which add to it
     TextTable titles_;
     KeywordIndex keywords_;
-    CombinedIndex combined_;
+    TextTable combined_;
     IdTable ids_;
 };
 

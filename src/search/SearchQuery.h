@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,8 @@ struct SearchQuery {
     std::string_view trimmed;
     /// The characters to find, in order: lower case, no white space.
     std::vector<std::string> needle;
+    /// What keywords are looked up by: equal for characters that are the same to a reader.
+    std::uint32_t needleHash = 0;
     /// Several words may be spread over an item's title and keywords.
     bool allowsCombined = false;
 
@@ -23,5 +26,8 @@ struct SearchQuery {
 
 /// The characters that decide whether a keyword is the query: lower case, no white space.
 [[nodiscard]] std::vector<std::string> bareCharacters(std::string_view text);
+
+/// The hash of a text's bare characters, see `SearchQuery::needleHash`.
+[[nodiscard]] std::uint32_t bareHash(std::string_view text);
 
 } // namespace pello

@@ -33,13 +33,6 @@ std::vector<int> TextMatcher::positions(const TextTable& table, std::uint32_t sl
                : scores_.positions(std::span<const char32_t>(needle_.codes), table.codes(slot));
 }
 
-std::optional<double> TextMatcher::scoreBytes(ScoredText<std::uint8_t> text, double needed) {
-    if (!canScore(text, needed)) {
-        return std::nullopt;
-    }
-    return scores_.score(std::span<const std::uint8_t>(needle_.bytes), text);
-}
-
 bool TextMatcher::canScore(ScoredText<std::uint8_t> text, double needed) {
     if (text.characters.size() > places_.size()) {
         return true;

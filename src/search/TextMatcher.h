@@ -40,10 +40,6 @@ public:
     /// The matched positions of a text that contains the query.
     [[nodiscard]] std::vector<int> positions(const TextTable& table, std::uint32_t slot);
 
-    /// The score of a text that lies in no table, by its bytes, or nothing when it cannot score
-    /// `needed`. The text contains the query.
-    [[nodiscard]] std::optional<double> scoreBytes(ScoredText<std::uint8_t> text, double needed);
-
 private:
     template <class Needed, class Skips, class Visit>
     void scanGroup(const TextTable& table, const TextTable::Group& group, Needed needed,

@@ -10,17 +10,11 @@ std::uint8_t lowercasedByte(char byte) {
     return static_cast<std::uint8_t>(byte >= 'A' && byte <= 'Z' ? byte + ('a' - 'A') : byte);
 }
 
-bool joinsSpaces(std::string_view first, std::string_view last) {
-    return text::characterCount(std::string(" ").append(first)) != 2 ||
-           text::characterCount(std::string(last).append(" ")) != 2;
-}
-
 } // namespace
 
 void prepareText(std::string_view text, CharacterCodes& codes, PreparedText& prepared) {
     prepared.bytes.clear();
     prepared.codes.clear();
-    prepared.isRegular = true;
     boundaryBonuses(text, prepared.bonuses);
     if (text::hasOnlySingleByteCharacters(text)) {
         for (const char byte : text) {
@@ -39,8 +33,6 @@ void prepareText(std::string_view text, CharacterCodes& codes, PreparedText& pre
     if (isAscii) { // a Kelvin sign is a plain k now
         prepared.codes.clear();
     }
-    prepared.isRegular = prepared.bonuses.size() == characters.size() &&
-                         !joinsSpaces(characters.front(), characters.back());
     prepared.bonuses.resize(prepared.bytes.size()); // lower-casing may split a character
 }
 

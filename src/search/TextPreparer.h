@@ -17,9 +17,6 @@ struct PreparedText {
     std::vector<std::uint8_t> bonuses;
     /// The code of each character; empty when all are ASCII.
     std::vector<char32_t> codes;
-    /// Between spaces the text keeps its characters and each of them its bonus: it neither begins
-    /// with a mark nor ends with a prefix, and lower-casing did not split a character.
-    bool isRegular = true;
 };
 
 /// The byte of the character with this code.

@@ -16,9 +16,6 @@ std::size_t bytesOf(const std::vector<Element>& elements) {
 } // namespace
 
 void TextTable::add(const PreparedText& text) {
-    if (!text.isRegular) {
-        irregular_.push_back(static_cast<std::uint32_t>(begins_.size() - 1));
-    }
     if (!text.codes.empty()) {
         coded_.push_back({static_cast<std::uint32_t>(begins_.size() - 1),
                           static_cast<std::uint32_t>(codes_.size())});
@@ -106,14 +103,10 @@ ScoredText<char32_t> TextTable::codes(std::uint32_t slot) const {
     return {{codes_.data() + coded(slot)->begin, length(slot)}, bytes(slot).bonuses};
 }
 
-bool TextTable::isRegular(std::uint32_t number) const {
-    return !std::binary_search(irregular_.begin(), irregular_.end(), number);
-}
-
 std::size_t TextTable::footprint() const {
     return bytesOf(bytes_) + bytesOf(bonuses_) + bytesOf(begins_) + bytesOf(masks_) +
            bytesOf(numbers_) + bytesOf(slots_) + bytesOf(groups_) + bytesOf(codes_) +
-           bytesOf(coded_) + bytesOf(irregular_);
+           bytesOf(coded_);
 }
 
 } // namespace pello

@@ -55,9 +55,6 @@ public:
     /// The characters' codes of a text that has them.
     [[nodiscard]] ScoredText<char32_t> codes(std::uint32_t slot) const;
 
-    /// Whether this text is regular, see PreparedText.
-    [[nodiscard]] bool isRegular(std::uint32_t number) const;
-
     /// Bytes held outside of the object.
     [[nodiscard]] std::size_t footprint() const;
 
@@ -79,8 +76,7 @@ private:
     std::vector<std::uint32_t> slots_;   // by number
     std::vector<Group> groups_;
     std::vector<char32_t> codes_;
-    std::vector<Coded> coded_;             // by slot
-    std::vector<std::uint32_t> irregular_; // numbers, ascending
+    std::vector<Coded> coded_; // by slot
 };
 
 } // namespace pello
