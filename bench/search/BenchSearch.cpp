@@ -136,7 +136,7 @@ std::optional<double> peerTime(Peer peer, const std::vector<std::string>& querie
 void timePeers(const Desk& desk, const Effort& effort, Measurement& result) {
     const auto file = std::filesystem::temp_directory_path() /
                       ("pello-bench-" + std::to_string(getpid()) + ".txt");
-    writeTitles(desk.catalogue, file);
+    writeTexts(desk.catalogue, file);
     const auto queries = desk.sample(effort.peerSample);
     Times engine;
     for (const std::string& query : queries) {

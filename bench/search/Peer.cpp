@@ -1,5 +1,7 @@
 #include "search/Peer.h"
 
+#include "search/ItemMatch.h"
+
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -79,11 +81,11 @@ std::optional<double> Peer::run(const std::string& query, const std::filesystem:
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-void writeTitles(const Catalogue& catalogue, const std::filesystem::path& file) {
+void writeTexts(const Catalogue& catalogue, const std::filesystem::path& file) {
     std::ofstream lines(file, std::ios::binary);
     for (const auto& list : catalogue) {
         for (const LaunchItem& item : list->items()) {
-            lines << item.title << '\n';
+            lines << combinedText(item) << '\n';
         }
     }
 }

@@ -35,7 +35,7 @@ private:
     double baseline_ = 0;
 };
 
-/// The titles of the catalogue, one a line.
-void writeTitles(const Catalogue& catalogue, const std::filesystem::path& file);
+/// The texts of the catalogue's items, title and keywords in a line.
+void writeTexts(const Catalogue& catalogue, const std::filesystem::path& file);
 
 } // namespace pello::bench

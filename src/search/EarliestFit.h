@@ -18,27 +18,27 @@
 ///     places of "d"        . . . . . . . X .
 namespace pello::EarliestFit {
 
+using Query = std::span<const PositionMask::Pattern>;
+
 namespace detail {
 
 template <unsigned Blocks>
-[[nodiscard]] inline bool inBlocks(std::span<const std::uint8_t> query, const std::uint8_t* text,
-                                   std::size_t length) {
+[[nodiscard]] inline bool inBlocks(Query query, const std::uint8_t* text, std::size_t length) {
     std::uint64_t allowed = PositionMask::firstBits(length);
-    for (const std::uint8_t character : query) {
-        const std::uint64_t found = PositionMask::places<Blocks>(character, text) & allowed;
-        if (found == 0) {
-            return false;
-        }
+    std::uint64_t found = 1;
+    for (const PositionMask::Pattern& character : query) {
+        found = PositionMask::places<Blocks>(character, text) & allowed;
+
         allowed &= PositionMask::aboveLowest(found);
     }
-    return true;
+    return found != 0;
 }
 
-[[nodiscard]] inline bool inLongText(std::span<const std::uint8_t> query, const std::uint8_t* text,
-                                     std::size_t length) {
+[[nodiscard]] inline bool inLongText(Query query, const std::uint8_t* text, std::size_t length) {
     const std::uint8_t* const end = text + length;
-    for (const std::uint8_t character : query) {
-        const void* found = std::memchr(text, character, static_cast<std::size_t>(end - text));
+    for (const PositionMask::Pattern& character : query) {
+        const void* found =
+            std::memchr(text, character.bytes[0], static_cast<std::size_t>(end - text));
         if (found == nullptr) {
             return false;
         }
@@ -52,7 +52,7 @@ template <unsigned Blocks>
 /// Whether the first `length` characters of `text` contain `query`. The text is readable for
 /// whole blocks.
 [[nodiscard]] inline __attribute__((always_inline)) bool
-exists(std::span<const std::uint8_t> query, const std::uint8_t* text, std::size_t length) {
+exists(Query query, const std::uint8_t* text, std::size_t length) {
     switch (PositionMask::blocks(length)) {
     case 0:
         return query.empty();
@@ -69,14 +69,33 @@ exists(std::span<const std::uint8_t> query, const std::uint8_t* text, std::size_
     }
 }
 
+namespace detail {
+
+template <unsigned Blocks>
+inline void findPlaces(Query query, const std::uint8_t* text, std::size_t length,
+                       std::span<std::uint64_t> places) {
+    std::uint64_t allowed = PositionMask::firstBits(length);
+    for (std::size_t i = 0; i < query.size(); ++i) {
+        places[i] = PositionMask::places<Blocks>(query[i], text) & allowed;
+        allowed &= PositionMask::aboveLowest(places[i]);
+    }
+}
+
+} // namespace detail
+
 /// Where each query character can lie in a text of at most 64 characters that contains the query:
 /// behind the earliest places of those before it. As many masks as the query has characters.
-inline void findPlaces(std::span<const std::uint8_t> query, std::span<const std::uint8_t> text,
+inline void findPlaces(Query query, std::span<const std::uint8_t> text,
                        std::span<std::uint64_t> places) {
-    std::uint64_t allowed = PositionMask::firstBits(text.size());
-    for (std::size_t i = 0; i < query.size(); ++i) {
-        places[i] = PositionMask::places<4>(query[i], text.data()) & allowed;
-        allowed &= PositionMask::aboveLowest(places[i]);
+    switch (PositionMask::blocks(text.size())) {
+    case 1:
+        return detail::findPlaces<1>(query, text.data(), text.size(), places);
+    case 2:
+        return detail::findPlaces<2>(query, text.data(), text.size(), places);
+    case 3:
+        return detail::findPlaces<3>(query, text.data(), text.size(), places);
+    default:
+        return detail::findPlaces<4>(query, text.data(), text.size(), places);
     }
 }
 

@@ -8,23 +8,21 @@
 
 #include "search/LearnedItems.h"
 
+#include "search/PresenceMask.h"
+
 #include <algorithm>
 #include <limits>
+#include <span>
 
 namespace pello {
-namespace {
 
-std::uint64_t maskOf(const PreparedList& list, std::uint32_t item) {
-    const TextTable& keywords = list.keywords().texts();
-    std::uint64_t mask = list.titles().masks()[list.titles().slotOf(item)] |
-                         list.combined().masks()[list.combined().slotOf(item)];
-    for (const std::uint32_t keyword : list.keywords().keywordsOf(item)) {
-        mask |= keywords.masks()[keywords.slotOf(keyword)];
-    }
-    return mask;
+bool LearnedItems::mayMatch(const InList& list, const Item& item, std::uint64_t query,
+                            bool allowsCombined) {
+    const auto masks = std::span(list.masks).subspan(item.firstMask, item.endMask - item.firstMask);
+    return std::any_of(masks.begin(), masks.end(),
+                       [&](std::uint64_t mask) { return PresenceMask::mayContain(mask, query); }) ||
+           (allowsCombined && PresenceMask::mayContain(item.combinedMask, query));
 }
-
-} // namespace
 
 void LearnedItems::update() {
     if (revision_ != usage_.revision() || usage_.now() < asOf_) {
@@ -48,10 +46,20 @@ LearnedItems::InList LearnedItems::find(const PreparedList& list) const {
     InList found;
     for (const auto& [id, record] : usage_.records()) {
         list.ids().find(id, list.items(), [&](std::uint32_t index) {
+            const auto firstMask = static_cast<std::uint32_t>(found.masks.size());
+            const TextTable& titles = list.titles();
+            const TextTable& keywords = list.keywords().texts();
+            const TextTable& combined = list.combined();
+            found.masks.push_back(titles.masks()[titles.slotOf(index)]);
+            for (const std::uint32_t keyword : list.keywords().keywordsOf(index)) {
+                found.masks.push_back(keywords.masks()[keywords.slotOf(keyword)]);
+            }
             found.items.push_back({.index = index,
                                    .record = &record,
                                    .boostCeiling = boostCeiling(record),
-                                   .mask = maskOf(list, index)});
+                                   .firstMask = firstMask,
+                                   .endMask = static_cast<std::uint32_t>(found.masks.size()),
+                                   .combinedMask = combined.masks()[combined.slotOf(index)]});
             found.indices.push_back(index);
         });
     }

@@ -22,15 +22,24 @@ public:
         const UsageStore::Record* record;
         /// The boost without a binding is never more than this.
         double boostCeiling;
-        /// The presence bits of all texts of the item together.
-        std::uint64_t mask;
+        /// The presence masks of title and keywords, in `InList::masks`.
+        std::uint32_t firstMask;
+        std::uint32_t endMask;
+        /// That of the combined text.
+        std::uint64_t combinedMask;
     };
     struct InList {
         /// The highest ceiling first.
         std::vector<Item> items;
+        std::vector<std::uint64_t> masks;
         /// Their indices, ascending.
         std::vector<std::uint32_t> indices;
     };
+
+    /// Whether a text of the item can contain a query with these presence bits, the combined text
+    /// only if it counts.
+    [[nodiscard]] static bool mayMatch(const InList& list, const Item& item, std::uint64_t query,
+                                       bool allowsCombined);
 
     /// `usage` must outlive this.
     explicit LearnedItems(const UsageStore& usage) : usage_(usage) {}

@@ -45,13 +45,18 @@ void ListSearch::searchLearned(KeptRows& rows) {
             rows.offer(*row);
         }
     }
-    const double most = std::max(state_.bound.byLength(needle_.size()), MatchScore::kExactKeyword);
+    double most = state_.bound.byLength(needle_.size());
+    if (!exact_.empty()) {
+        most = std::max(most, MatchScore::kExactKeyword);
+    }
     for (const LearnedItems::Item& item : learned_.items) {
         const double needed = rows.threshold() - item.boostCeiling - kSlack;
         if (most < needed) {
             return;
         }
-        const bool mayMatch = !exact_.empty() || PresenceMask::mayContain(item.mask, needle_.mask);
+        const bool mayMatch =
+            !exact_.empty() ||
+            LearnedItems::mayMatch(learned_, item, needle_.mask, state_.query.allowsCombined);
         if (!mayMatch || isBound(item.index)) {
             continue;
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "search/CharacterCodes.h"
+#include "search/PositionMask.h"
 
 #include <cstdint>
 #include <string>
@@ -17,6 +18,8 @@ struct Needle {
     /// Bytes and codes of the characters, as in PreparedText.
     std::vector<std::uint8_t> bytes;
     std::vector<char32_t> codes;
+    /// The bytes as they are looked for.
+    std::vector<PositionMask::Pattern> patterns;
     /// The bits that a text must have.
     std::uint64_t mask = 0;
     /// All characters are ASCII: texts can be judged by their bytes.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -37,37 +38,44 @@ inline constexpr std::size_t kMostPositions = 64;
     return (std::uint64_t{1} << (std::bit_width(mask) - 1)) - 1;
 }
 
-/// The places of `byte` in 8 bytes, without vector instructions. Of the word's bytes exactly
+/// A character as it is looked for: its byte all over a block.
+struct alignas(kBlock) Pattern {
+    explicit Pattern(std::uint8_t byte) { bytes.fill(byte); }
+    std::array<std::uint8_t, kBlock> bytes{};
+};
+
+/// The places of a character in 8 bytes, without vector instructions. Of the word's bytes exactly
 /// those that are equal become 0 by the exclusive or; no carry crosses a byte. The multiplication
 /// collects their top bits: byte k lands on bit 56 + k, and no two terms share a bit.
-[[nodiscard]] inline std::uint64_t placesInWord(std::uint8_t byte, const std::uint8_t* text) {
+[[nodiscard]] inline std::uint64_t placesInWord(const Pattern& pattern, const std::uint8_t* text) {
     static_assert(std::endian::native == std::endian::little);
-    constexpr std::uint64_t kOnes = 0x0101010101010101;
-    constexpr std::uint64_t kLow = 0x7F * kOnes;
+    constexpr std::uint64_t kLow = 0x7F7F7F7F7F7F7F7F;
     std::uint64_t word = 0;
+    std::uint64_t wanted = 0;
     std::memcpy(&word, text, sizeof word);
-    word ^= byte * kOnes;
+    std::memcpy(&wanted, pattern.bytes.data(), sizeof wanted);
+    word ^= wanted;
     const std::uint64_t equal = ~(((word & kLow) + kLow) | word | kLow);
     return ((equal >> 7) * 0x0102040810204080) >> 56;
 }
 
-/// The places of `byte` in the `kBlock` bytes at `text`.
-[[nodiscard]] inline std::uint64_t placesInBlock(std::uint8_t byte, const std::uint8_t* text) {
+/// The places of a character in the `kBlock` bytes at `text`.
+[[nodiscard]] inline std::uint64_t placesInBlock(const Pattern& pattern, const std::uint8_t* text) {
 #if defined(__SSE2__)
     const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-    const __m128i equal = _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(byte)));
-    return static_cast<unsigned>(_mm_movemask_epi8(equal));
+    const __m128i wanted = _mm_load_si128(reinterpret_cast<const __m128i*>(pattern.bytes.data()));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, wanted)));
 #else
-    return placesInWord(byte, text) | placesInWord(byte, text + 8) << 8;
+    return placesInWord(pattern, text) | placesInWord(pattern, text + 8) << 8;
 #endif
 }
 
-/// The places of `byte` in the `Blocks` (1 to 4) blocks at `text`.
+/// The places of a character in the `Blocks` (1 to 4) blocks at `text`.
 template <unsigned Blocks>
-[[nodiscard]] inline std::uint64_t places(std::uint8_t byte, const std::uint8_t* text) {
+[[nodiscard]] inline std::uint64_t places(const Pattern& pattern, const std::uint8_t* text) {
     std::uint64_t mask = 0;
     for (unsigned i = 0; i < Blocks; ++i) {
-        mask |= placesInBlock(byte, text + i * kBlock) << (i * kBlock);
+        mask |= placesInBlock(pattern, text + i * kBlock) << (i * kBlock);
     }
     return mask;
 }

@@ -55,4 +55,22 @@ inline constexpr std::array<std::uint64_t, 256> kBits = makeBits();
     return (query & ~text) == 0;
 }
 
+/// The first index from `index` on whose text can contain the query, or `end`. Most cannot: four
+/// at a time are passed over.
+[[nodiscard]] inline std::uint32_t next(const std::uint64_t* texts, std::uint32_t index,
+                                        std::uint32_t end, std::uint64_t query) {
+    for (; index + 4 <= end; index += 4) {
+        const std::uint64_t* four = texts + index;
+        const bool anyMay = mayContain(four[0], query) | mayContain(four[1], query) |
+                            mayContain(four[2], query) | mayContain(four[3], query);
+        if (anyMay) {
+            break;
+        }
+    }
+    while (index < end && !mayContain(texts[index], query)) {
+        ++index;
+    }
+    return index;
+}
+
 } // namespace pello::PresenceMask

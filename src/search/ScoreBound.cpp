@@ -45,6 +45,10 @@ namespace {
 
 using namespace MatchScore;
 
+const PositionMask::Pattern kSeparator(kSeparatorBonus);
+const PositionMask::Pattern kHump(kHumpBonus);
+const PositionMask::Pattern kNumber(kNumberBonus);
+
 /// The positions of each bonus that is not at the start.
 struct BonusPlanes {
     std::uint64_t separator = 0;
@@ -56,9 +60,9 @@ struct BonusPlanes {
         for (unsigned i = 0; i < blocks; ++i) {
             const std::size_t at = i * PositionMask::kBlock;
             const std::uint8_t* block = bonuses.data() + at;
-            separator |= PositionMask::placesInBlock(kSeparatorBonus, block) << at;
-            hump |= PositionMask::placesInBlock(kHumpBonus, block) << at;
-            number |= PositionMask::placesInBlock(kNumberBonus, block) << at;
+            separator |= PositionMask::placesInBlock(kSeparator, block) << at;
+            hump |= PositionMask::placesInBlock(kHump, block) << at;
+            number |= PositionMask::placesInBlock(kNumber, block) << at;
         }
     }
 

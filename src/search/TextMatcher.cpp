@@ -13,7 +13,7 @@ std::optional<double> TextMatcher::score(const TextTable& table, std::uint32_t s
     ++work_.textsTried;
     const std::size_t reach = bound_.reach(length, needed);
     if (bound_.byLength(length) < needed ||
-        !EarliestFit::exists(needle_.bytes, text.characters.data(), reach) ||
+        !EarliestFit::exists(needle_.patterns, text.characters.data(), reach) ||
         !canScore(text, needed)) {
         return std::nullopt;
     }
@@ -23,7 +23,7 @@ std::optional<double> TextMatcher::score(const TextTable& table, std::uint32_t s
 bool TextMatcher::contains(const TextTable& table, std::uint32_t slot) const {
     const auto text = table.bytes(slot).characters;
     return !needle_.isAbsent && PresenceMask::mayContain(table.masks()[slot], needle_.mask) &&
-           EarliestFit::exists(needle_.bytes, text.data(), text.size()) &&
+           EarliestFit::exists(needle_.patterns, text.data(), text.size()) &&
            (needle_.isAscii || containsCodes(table, slot));
 }
 
@@ -38,7 +38,7 @@ bool TextMatcher::canScore(ScoredText<std::uint8_t> text, double needed) {
         return true;
     }
     const std::span places(places_.data(), needle_.size());
-    EarliestFit::findPlaces(needle_.bytes, text.characters, places);
+    EarliestFit::findPlaces(needle_.patterns, text.characters, places);
     return bound_.byBonuses(places, text.bonuses) >= needed;
 }
 

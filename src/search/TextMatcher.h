@@ -74,27 +74,33 @@ void TextMatcher::scan(const TextTable& table, Needed needed, Skips skips, Visit
 template <class Needed, class Skips, class Visit>
 void TextMatcher::scanGroup(const TextTable& table, const TextTable::Group& group, Needed needed,
                             Skips skips, Visit visit) {
+    const EarliestFit::Query query = needle_.patterns;
+    const std::uint64_t mask = needle_.mask;
+    const std::uint32_t end = group.end;
+    const std::uint8_t* const texts = table.bytes(group.first).characters.data();
+    const std::size_t length = group.length;
     double least = needed();
-    std::size_t reach = bound_.reach(group.length, least);
-    const std::uint64_t* masks = table.masks();
-    for (std::uint32_t slot = group.first; slot < group.end; ++slot) {
-        if (!PresenceMask::mayContain(masks[slot], needle_.mask)) {
-            continue;
+    std::size_t reach = bound_.reach(length, least);
+    std::size_t tried = 0;
+    for (std::uint32_t slot = group.first;; ++slot) {
+        slot = PresenceMask::next(table.masks(), slot, end, mask);
+        if (slot == end) {
+            break;
         }
-        ++work_.textsTried;
-        const auto text = table.bytes(slot);
-        if (!EarliestFit::exists(needle_.bytes, text.characters.data(), reach) ||
-            !canScore(text, least) || skips(table.numberAt(slot))) {
+        ++tried;
+        if (!EarliestFit::exists(query, texts + (slot - group.first) * length, reach) ||
+            !canScore(table.bytes(slot), least) || skips(table.numberAt(slot))) {
             continue;
         }
         if (const auto score = exactScore(table, slot)) {
             visit(table.numberAt(slot), *score);
             if (needed() > least) {
                 least = needed();
-                reach = bound_.reach(group.length, least);
+                reach = bound_.reach(length, least);
             }
         }
     }
+    work_.textsTried += tried;
 }
 
 } // namespace pello
