@@ -1,12 +1,12 @@
 #include "platform/linux/AtomicFile.h"
 
 #include "platform/linux/FileDescriptor.h"
+#include "platform/linux/UtcText.h"
 
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdlib>
-#include <ctime>
 #include <fcntl.h>
 #include <string>
 #include <unistd.h>
@@ -71,15 +71,6 @@ std::error_code writeDurably(int file, std::string_view content,
     return {};
 }
 
-std::string timeText(Date date) {
-    const auto seconds = static_cast<std::time_t>(date.unixSeconds());
-    std::tm fields{};
-    ::gmtime_r(&seconds, &fields);
-    std::string text(32, '\0');
-    text.resize(std::strftime(text.data(), text.size(), "%Y%m%dT%H%M%SZ", &fields));
-    return text;
-}
-
 } // namespace
 
 fs::path followingLinks(const fs::path& file) {
@@ -142,7 +133,7 @@ void removeLeftovers(const fs::path& file) {
 }
 
 std::optional<fs::path> putAside(const fs::path& file, Date now, std::error_code& error) {
-    const std::string name = file.string() + ".unreadable-" + timeText(now);
+    const std::string name = file.string() + ".unreadable-" + utcText(now, "%Y%m%dT%H%M%SZ");
     fs::path aside = name;
     for (int i = 2; fs::exists(fs::symlink_status(aside, error)); ++i) {
         aside = name + '-' + std::to_string(i);
