@@ -3,7 +3,9 @@
 namespace pello {
 
 void MemoryWorkspace::openApplication(const std::filesystem::path& application) {
-    openedApplications.push_back(application);
+    if (!refuses(application)) {
+        openedApplications.push_back(application);
+    }
 }
 
 void MemoryWorkspace::openAddress(std::string_view address) {
@@ -11,7 +13,17 @@ void MemoryWorkspace::openAddress(std::string_view address) {
 }
 
 void MemoryWorkspace::reveal(const std::filesystem::path& file) {
-    revealed.push_back(file);
+    if (!refuses(file)) {
+        revealed.push_back(file);
+    }
+}
+
+bool MemoryWorkspace::refuses(const std::filesystem::path& file) const {
+    const bool isBroken = broken.contains(file);
+    if (isBroken) {
+        failed.emit(file.string() + " could not be opened.");
+    }
+    return isBroken;
 }
 
 } // namespace pello
