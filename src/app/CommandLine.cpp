@@ -1,0 +1,110 @@
+#include "app/CommandLine.h"
+
+#include "app/Version.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace pello {
+namespace {
+
+/// Collects what the parser finds; the last subcommand that matched decides.
+class Parser {
+public:
+    Parser() : app_("Pello, a keyboard launcher: type a few letters, press Return.", "pello") {
+        app_.set_version_flag("--version", std::string("pello ") + kVersion);
+        app_.add_flag("--show", agent_.showsPanel, "Open the panel at once");
+        app_.require_subcommand(0, 1);
+        app_.callback([this] {
+            if (app_.get_subcommands().empty()) {
+                command_ = agent_;
+            }
+        });
+        addClientVerb("toggle", "Open the panel of the running launcher, or close it");
+        addClientVerb("quit", "End the running launcher");
+        addQuery();
+        addSettings();
+        app_.add_subcommand("terminal", "Search and run in this terminal")->callback([this] {
+            command_ = TerminalCommand{};
+        });
+    }
+
+    std::variant<Command, int> parse(int argc, const char* const* argv) {
+        try {
+            app_.parse(argc, argv);
+        } catch (const CLI::Success& request) { // help or version
+            return app_.exit(request);
+        } catch (const CLI::ParseError& error) {
+            std::cerr << "pello: " << error.what() << "\nTry 'pello --help'.\n";
+            return ExitStatus::kUsage;
+        }
+        return command_;
+    }
+
+private:
+    void addClientVerb(const std::string& verb, const std::string& description) {
+        app_.add_subcommand(verb, description)->callback([this, verb] {
+            command_ = ClientCommand{verb};
+        });
+    }
+
+    void addQuery() {
+        CLI::App* query = app_.add_subcommand("query", "Print the rows that a text finds");
+        query->add_option("TEXT", words_, "What to search for")->required();
+        query->add_flag("--json", isJson_, "Print JSON");
+        query->add_flag("--explain", query_.explains, "Say what made each row's place");
+        query->add_option("--limit", query_.limit, "At most this many rows")
+            ->check(CLI::NonNegativeNumber);
+        query->callback([this] {
+            query_.text = CLI::detail::join(words_, " ");
+            query_.format = isJson_ ? QueryCommand::Format::json : QueryCommand::Format::text;
+            command_ = query_;
+        });
+    }
+
+    void addSettings() {
+        CLI::App* settings = app_.add_subcommand("settings", "Read and change the settings");
+        settings->require_subcommand(1);
+        addSettingsAction(*settings, "list", "Print every setting with its value",
+                          SettingsCommand::Action::list);
+        CLI::App* get = addSettingsAction(*settings, "get", "Print the value of one setting",
+                                          SettingsCommand::Action::get);
+        get->add_option("KEY", settings_.key)->required();
+        CLI::App* set =
+            addSettingsAction(*settings, "set", "Change one setting", SettingsCommand::Action::set);
+        set->add_option("KEY", settings_.key)->required();
+        set->add_option("VALUE", settings_.value)->required();
+        CLI::App* reset = addSettingsAction(*settings, "reset", "Return one setting to its default",
+                                            SettingsCommand::Action::reset);
+        reset->add_option("KEY", settings_.key)->required();
+    }
+
+    CLI::App* addSettingsAction(CLI::App& settings, const std::string& name,
+                                const std::string& description, SettingsCommand::Action action) {
+        CLI::App* sub = settings.add_subcommand(name, description);
+        sub->callback([this, action] {
+            settings_.action = action;
+            command_ = settings_;
+        });
+        return sub;
+    }
+
+    CLI::App app_;
+    AgentCommand agent_;
+    QueryCommand query_;
+    SettingsCommand settings_;
+    std::vector<std::string> words_;
+    bool isJson_ = false;
+    Command command_;
+};
+
+} // namespace
+
+std::variant<Command, int> parseCommandLine(int argc, const char* const* argv) {
+    return Parser().parse(argc, argv);
+}
+
+} // namespace pello

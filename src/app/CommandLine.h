@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace pello {
+
+/// `pello`, `pello --show`: runs the launcher until it is told to quit.
+struct AgentCommand {
+    /// Opens the panel at once.
+    bool showsPanel = false;
+};
+
+/// `pello toggle` and its like: one word to the running launcher.
+struct ClientCommand {
+    std::string verb;
+};
+
+/// `pello query TEXT`: prints the ranked rows.
+struct QueryCommand {
+    enum class Format { text, json };
+
+    std::string text;
+    Format format = Format::text;
+    bool explains = false;
+    /// At most this many rows; without it, as many as the panel shows.
+    std::optional<std::ptrdiff_t> limit;
+};
+
+/// `pello settings ...`: reads and changes the settings.
+struct SettingsCommand {
+    enum class Action { list, get, set, reset };
+
+    Action action = Action::list;
+    std::string key;
+    std::string value;
+};
+
+/// `pello terminal`: the launcher without a display.
+struct TerminalCommand {};
+
+using Command =
+    std::variant<AgentCommand, ClientCommand, QueryCommand, SettingsCommand, TerminalCommand>;
+
+/// The exit statuses of the program.
+namespace ExitStatus {
+inline constexpr int kSuccess = 0;
+/// Nothing matches, or nothing could be done.
+inline constexpr int kNothing = 1;
+/// The command line was not understood, or names something that does not exist.
+inline constexpr int kUsage = 2;
+/// No launcher is running.
+inline constexpr int kNotRunning = 3;
+} // namespace ExitStatus
+
+/// What the arguments ask for, or the status to exit with once help, the version or a complaint
+/// has been printed.
+[[nodiscard]] std::variant<Command, int> parseCommandLine(int argc, const char* const* argv);
+
+} // namespace pello

@@ -1,0 +1,93 @@
+#include "app/ControlClient.h"
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <sys/un.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <unistd.h>
+
+namespace pello {
+namespace {
+
+constexpr timeval kPatience = {.tv_sec = 2, .tv_usec = 0};
+
+/// A descriptor that closes itself.
+class Socket {
+public:
+    Socket() : descriptor_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {}
+    ~Socket() {
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
+        }
+    }
+    Socket(const Socket&) = delete;
+    Socket& operator=(const Socket&) = delete;
+
+    [[nodiscard]] int descriptor() const { return descriptor_; }
+
+    [[nodiscard]] bool connect(const std::string& path) const {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        if (descriptor_ < 0 || path.empty() || path.size() >= sizeof address.sun_path) {
+            return false;
+        }
+        std::memcpy(address.sun_path, path.data(), path.size());
+        return ::connect(descriptor_, reinterpret_cast<const sockaddr*>(&address),
+                         sizeof address) == 0;
+    }
+
+private:
+    int descriptor_;
+};
+
+std::string readAll(int descriptor) {
+    std::string answer;
+    std::array<char, 512> buffer = {};
+    for (;;) {
+        const ssize_t count = ::recv(descriptor, buffer.data(), buffer.size(), 0);
+        if (count <= 0) {
+            return answer;
+        }
+        answer.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+}
+
+} // namespace
+
+std::string controlSocketPath() {
+    if (const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+        runtime != nullptr && *runtime == '/') {
+        return std::string(runtime) + "/pello.sock";
+    }
+    const std::string folder = "/tmp/pello-" + std::to_string(::getuid());
+    ::mkdir(folder.c_str(), S_IRWXU);
+    // Anyone may make folders there: one that others own or can enter is not ours to talk through.
+    struct stat status = {};
+    const bool isOurs = ::lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                        status.st_uid == ::getuid() && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+    return isOurs ? folder + "/pello.sock" : std::string();
+}
+
+std::optional<std::string> askRunningLauncher(const std::string& path, std::string_view verb) {
+    const Socket socket;
+    if (!socket.connect(path)) {
+        return std::nullopt;
+    }
+    ::setsockopt(socket.descriptor(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
+    const std::string line = std::string(verb) + "\n";
+    if (::send(socket.descriptor(), line.data(), line.size(), MSG_NOSIGNAL) !=
+        static_cast<ssize_t>(line.size())) {
+        return std::nullopt;
+    }
+    std::string answer = readAll(socket.descriptor());
+    if (answer.ends_with('\n')) {
+        answer.pop_back();
+    }
+    return answer;
+}
+
+} // namespace pello

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pello {
+
+/// What the running launcher answers to a verb that it carried out. Anything else is a complaint.
+inline constexpr std::string_view kDone = "ok";
+
+/// Where the running launcher listens: a socket in the user's runtime folder, or, where there is
+/// none, in a folder of the user's own below the temporary one. Empty when neither can be had.
+[[nodiscard]] std::string controlSocketPath();
+
+/// Sends one verb to the launcher that listens at `path` and waits for its answer, two seconds at
+/// most. Nothing when none is running there.
+[[nodiscard]] std::optional<std::string> askRunningLauncher(const std::string& path,
+                                                            std::string_view verb);
+
+} // namespace pello

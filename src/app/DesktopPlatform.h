@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/LinuxServices.h"
+#include "platform/linux/InotifyFolderWatcher.h"
+#include "platform/qt/QtCompositor.h"
+#include "platform/qt/QtMainLoop.h"
+#include "ui/icons/IconLoader.h"
+
+namespace pello {
+
+/// This machine with its display. Needs the toolkit's application object to exist.
+class DesktopPlatform {
+public:
+    DesktopPlatform();
+
+    [[nodiscard]] Platform ports() { return services_.ports(); }
+    [[nodiscard]] IconLoader& icons() { return icons_; }
+    [[nodiscard]] const Compositor& compositor() const { return compositor_; }
+
+private:
+    InotifyFolderWatcher watcher_;
+    QtMainLoop loop_;
+    LinuxServices services_{loop_, watcher_, LinuxServices::Session::connected};
+    QtCompositor compositor_;
+    IconLoader icons_;
+};
+
+} // namespace pello

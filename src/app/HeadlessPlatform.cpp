@@ -1,0 +1,54 @@
+#include "app/HeadlessPlatform.h"
+
+#include "platform/memory/MemoryFolderWatcher.h"
+#include "platform/memory/MemoryMainLoop.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+
+namespace pello {
+namespace {
+
+Date wallClock() {
+    return Date::fromUnix(Seconds(std::chrono::system_clock::now().time_since_epoch()).count());
+}
+
+} // namespace
+
+struct HeadlessPlatform::Adapters {
+    explicit Adapters(LinuxServices::Session session) : services(loop, watcher, session) {}
+
+    int argumentCount = 1;
+    char name[6] = "pello";
+    char* arguments[2] = {name, nullptr};
+    QCoreApplication application{argumentCount, arguments};
+    MemoryMainLoop loop{wallClock()};
+    MemoryFolderWatcher watcher; // one command is over before anything changes
+    LinuxServices services;
+};
+
+HeadlessPlatform::HeadlessPlatform(LinuxServices::Session session)
+    : adapters_(std::make_unique<Adapters>(session)) {}
+HeadlessPlatform::~HeadlessPlatform() = default;
+
+Platform HeadlessPlatform::ports() {
+    return adapters_->services.ports();
+}
+
+UserDefaults& HeadlessPlatform::defaults() {
+    return adapters_->services.defaults;
+}
+
+LoginItem& HeadlessPlatform::loginItem() {
+    return adapters_->services.loginItem;
+}
+
+void HeadlessPlatform::turn() {
+    adapters_->loop.setNow(wallClock());
+    adapters_->loop.settle();
+    QCoreApplication::processEvents(); // this is the main loop: nothing else turns the toolkit's
+    adapters_->loop.settle();
+}
+
+} // namespace pello

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/BundleReader.h"
+#include "platform/FolderWatcher.h"
+#include "platform/Log.h"
+#include "platform/LoginItem.h"
+#include "platform/MainLoop.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+
+#include <filesystem>
+
+namespace pello {
+
+/// The desktop that the launcher runs on: one adapter per port. Whoever fills it keeps them alive.
+struct Platform {
+    MainLoop& loop;
+    UserDefaults& defaults;
+    FolderWatcher& watcher;
+    const BundleReader& bundles;
+    Workspace& workspace;
+    LoginItem& loginItem;
+    Log& log;
+    /// The user's home folder.
+    std::filesystem::path home;
+};
+
+} // namespace pello

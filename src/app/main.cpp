@@ -1,0 +1,26 @@
+#include "app/Agent.h"
+#include "app/ClientCommand.h"
+#include "app/CommandLine.h"
+#include "app/QueryCommand.h"
+#include "app/SettingsCommand.h"
+#include "app/TerminalCommand.h"
+
+#include <type_traits>
+#include <variant>
+
+int main(int argc, char** argv) {
+    const auto parsed = pello::parseCommandLine(argc, argv);
+    if (const int* status = std::get_if<int>(&parsed)) {
+        return *status;
+    }
+    return std::visit(
+        [&](const auto& command) {
+            using Chosen = std::decay_t<decltype(command)>;
+            if constexpr (std::is_same_v<Chosen, pello::AgentCommand>) {
+                return pello::runAgent(command, argc, argv);
+            } else {
+                return pello::run(command);
+            }
+        },
+        std::get<pello::Command>(parsed));
+}

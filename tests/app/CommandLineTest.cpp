@@ -1,0 +1,83 @@
+#include "app/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace pello {
+namespace {
+
+std::variant<Command, int> parse(std::vector<const char*> words) {
+    words.insert(words.begin(), "pello");
+    return parseCommandLine(static_cast<int>(words.size()), words.data());
+}
+
+/// The command of type `T` that the words ask for.
+template <class T>
+T command(const std::vector<const char*>& words) {
+    return std::get<T>(std::get<Command>(parse(words)));
+}
+
+/// The status that the words end with, and nothing run.
+int status(const std::vector<const char*>& words) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const auto parsed = parse(words);
+    testing::internal::GetCapturedStdout();
+    const std::string complaint = testing::internal::GetCapturedStderr();
+    const int* code = std::get_if<int>(&parsed);
+    if (code == nullptr) {
+        return -1;
+    }
+    EXPECT_EQ(*code != 0, !complaint.empty()) << "a complaint belongs on standard error";
+    return *code;
+}
+
+TEST(CommandLineTest, WithoutAVerbRunsTheLauncher) {
+    EXPECT_FALSE(command<AgentCommand>({}).showsPanel);
+    EXPECT_TRUE(command<AgentCommand>({"--show"}).showsPanel);
+    EXPECT_EQ(command<ClientCommand>({"toggle"}).verb, "toggle");
+    EXPECT_EQ(command<ClientCommand>({"quit"}).verb, "quit");
+}
+
+TEST(CommandLineTest, AQueryTakesItsWordsTogetherAndOptionsAnywhere) {
+    const auto query = command<QueryCommand>({"query", "visual", "studio", "--limit", "3"});
+    EXPECT_EQ(query.text, "visual studio");
+    EXPECT_EQ(query.limit, 3);
+    EXPECT_EQ(query.format, QueryCommand::Format::text);
+    const auto json = command<QueryCommand>({"query", "--json", "--explain", "--", "--x"});
+    EXPECT_EQ(json.text, "--x");
+    EXPECT_EQ(json.format, QueryCommand::Format::json);
+    EXPECT_TRUE(json.explains);
+    EXPECT_EQ(command<QueryCommand>({"query", ""}).text, "");
+}
+
+TEST(CommandLineTest, SettingsVerbsTakeKeyAndValue) {
+    const auto set = command<SettingsCommand>({"settings", "set", "maximumResults", "5"});
+    EXPECT_EQ(set.action, SettingsCommand::Action::set);
+    EXPECT_EQ(set.key, "maximumResults");
+    EXPECT_EQ(set.value, "5");
+    EXPECT_EQ(command<SettingsCommand>({"settings", "reset", "bangs"}).key, "bangs");
+    EXPECT_EQ(command<SettingsCommand>({"settings", "list"}).action, SettingsCommand::Action::list);
+}
+
+TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
+    EXPECT_EQ(status({"--help"}), 0);
+    EXPECT_EQ(status({"query", "--help"}), 0);
+    EXPECT_EQ(status({"--version"}), 0);
+    for (const auto& words :
+         std::vector<std::vector<const char*>>{{"frobnicate"},
+                                               {"--frobnicate"},
+                                               {"query"},
+                                               {"query", "x", "--limit", "many"},
+                                               {"query", "x", "--limit", "-1"},
+                                               {"settings"},
+                                               {"settings", "set", "key"},
+                                               {"settings", "get"},
+                                               {"toggle", "quit"}}) {
+        EXPECT_EQ(status(words), ExitStatus::kUsage) << testing::PrintToString(words);
+    }
+}
+
+} // namespace
+} // namespace pello

@@ -1,0 +1,139 @@
+#include "support/TemporaryFolder.h"
+
+#include <QProcess>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <initializer_list>
+#include <string>
+
+namespace pello {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// What a run of the program left.
+struct Outcome {
+    int status = -1;
+    std::string output;
+    std::string complaint;
+};
+
+/// The built program, in a home of its own with a few applications.
+class CommandsTest : public testing::Test {
+protected:
+    CommandsTest() {
+        addApplication("safari", "Safari");
+        addApplication("safe-mode", "Safe Mode");
+    }
+
+    void addApplication(const std::string& id, const std::string& name) const {
+        home.write("data/applications/" + id + ".desktop",
+                   "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=touch " +
+                       (home.path() / (id + ".ran")).string() + "\n");
+    }
+
+    [[nodiscard]] Outcome pello(const QStringList& arguments, const QByteArray& input = {}) const {
+        QProcessEnvironment environment;
+        environment.insert("PATH", qEnvironmentVariable("PATH"));
+        const std::initializer_list<std::pair<const char*, const char*>> places = {
+            {"HOME", ""},
+            {"XDG_DATA_HOME", "data"},
+            {"XDG_DATA_DIRS", "none"},
+            {"XDG_CONFIG_HOME", "config"},
+            {"XDG_STATE_HOME", "state"},
+            {"XDG_RUNTIME_DIR", ""}};
+        for (const auto& [variable, place] : places) {
+            environment.insert(variable, QString::fromStdString((home.path() / place).string()));
+        }
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(PELLO_PROGRAM, arguments);
+        program.write(input);
+        program.closeWriteChannel();
+        program.waitForFinished();
+        return {.status = program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
+                .output = program.readAllStandardOutput().toStdString(),
+                .complaint = program.readAllStandardError().toStdString()};
+    }
+
+    TemporaryFolder home;
+};
+
+TEST_F(CommandsTest, QueryPrintsInstalledApplicationsBestFirst) {
+    const Outcome found = pello({"query", "saf"});
+    EXPECT_EQ(found.status, 0);
+    EXPECT_EQ(found.output, "Safari\t~/data/applications\nSafe Mode\t~/data/applications\n");
+    EXPECT_EQ(pello({"query", "safe", "m"}).output, "Safe Mode\t~/data/applications\n");
+    EXPECT_EQ(pello({"query", "saf", "--limit", "1"}).output, "Safari\t~/data/applications\n");
+    EXPECT_THAT(pello({"query", "saf", "--explain"}).output,
+                AllOf(HasSubstr("title \"Safari\""), HasSubstr("learned: nothing")));
+}
+
+TEST_F(CommandsTest, QueryThatMatchesNothingSaysSoByItsStatus) {
+    const Outcome nothing = pello({"query", "xyzzy"});
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_THAT(nothing.output, IsEmpty());
+    const Outcome json = pello({"query", "xyzzy", "--json"});
+    EXPECT_EQ(json.status, 1);
+    EXPECT_THAT(nlohmann::json::parse(json.output)["results"], IsEmpty());
+}
+
+TEST_F(CommandsTest, QueryAsJsonNamesTheFile) {
+    const auto json = nlohmann::json::parse(pello({"query", "safari", "--json"}).output);
+    const auto& first = json["results"][0];
+    const std::string file = (home.path() / "data/applications/safari.desktop").string();
+    EXPECT_EQ(first["id"], "app:" + file);
+    EXPECT_EQ(first["path"], file);
+    EXPECT_EQ(first["kind"], "application");
+    EXPECT_EQ(first["titleMatches"], nlohmann::json({0, 1, 2, 3, 4, 5}));
+}
+
+TEST_F(CommandsTest, SettingsLastAndRefuseNonsense) {
+    EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "8\n");
+    EXPECT_EQ(pello({"settings", "set", "maximumResults", "1"}).status, 0);
+    EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "1\n");
+    EXPECT_EQ(pello({"query", "saf"}).output, "Safari\t~/data/applications\n");
+    const Outcome refused = pello({"settings", "set", "maximumResults", "many"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.complaint, HasSubstr("maximumResults"));
+    EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "1\n");
+    EXPECT_EQ(pello({"settings", "reset", "maximumResults"}).status, 0);
+    EXPECT_THAT(pello({"settings", "list"}).output, HasSubstr("\nmaximumResults = 8\n"));
+    EXPECT_EQ(pello({"settings", "get", "colour"}).status, 2);
+}
+
+TEST_F(CommandsTest, SettingsThatCannotBeReadAreSetAsideAndTold) {
+    home.write("config/pello/is.tolva.pello.plist", "<plist><dict><key>");
+    const Outcome outcome = pello({"settings", "get", "fontSize"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "16.0\n");
+    EXPECT_THAT(outcome.complaint, StartsWith("pello: "));
+    int kept = 0;
+    for (const auto& file : std::filesystem::directory_iterator(home.path() / "config/pello")) {
+        kept += std::filesystem::file_size(file) == 18 ? 1 : 0;
+    }
+    EXPECT_EQ(kept, 1) << "the unreadable file is still there, under another name";
+}
+
+TEST_F(CommandsTest, WithoutALauncherRunningItsVerbsSaySo) {
+    const Outcome outcome = pello({"toggle"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.complaint, "pello: no launcher is running\n");
+}
+
+TEST_F(CommandsTest, WhatTheTerminalRunsIsLearned) {
+    const Outcome outcome = pello({"terminal"}, "saf\n2\n");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("Running Safe Mode"));
+    EXPECT_EQ(pello({"query", "saf", "--limit", "1"}).output, "Safe Mode\t~/data/applications\n");
+    EXPECT_THAT(pello({"query", "saf", "--explain"}).output, HasSubstr("+400.00"));
+}
+
+} // namespace
+} // namespace pello
