@@ -4,12 +4,13 @@
 #include "app/ControlServer.h"
 #include "app/DesktopPlatform.h"
 #include "app/Launcher.h"
+#include "app/QuitSignals.h"
 #include "app/Version.h"
+#include "platform/qt/QtDisplay.h"
 #include "ui/panel/PanelWindow.h"
 
 #include <QApplication>
 
-#include <csignal>
 #include <iostream>
 
 namespace pello {
@@ -24,7 +25,8 @@ public:
           panel_(launcher_.controller(), platform_.icons(), platform_.compositor()),
           server_([this](std::string_view verb) { return answer(verb); }) {}
 
-    /// Takes the place of a launcher that runs already, and starts.
+    /// Answers at `socket` from now on, and fills the catalogue. False when the socket cannot be
+    /// had.
     [[nodiscard]] bool start(const std::string& socket, const AgentCommand& command) {
         if (!server_.listen(socket)) {
             return false;
@@ -64,6 +66,10 @@ private:
 } // namespace
 
 int runAgent(const AgentCommand& command, int argc, char** argv) {
+    if (const auto problem = displayProblem()) {
+        std::cerr << "pello: " << *problem << " \"pello terminal\" needs none.\n";
+        return ExitStatus::kNothing;
+    }
     const std::string socket = controlSocketPath();
     // Before anything is read: the older one writes what it knows as it ends.
     (void)askRunningLauncher(socket, "quit");
@@ -72,6 +78,7 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
     QApplication::setApplicationVersion(kVersion);
     QApplication::setDesktopFileName("is.tolva.pello");
     QApplication::setQuitOnLastWindowClosed(false);
+    const QuitSignals signals([] { QApplication::quit(); });
     Agent agent(application);
     if (!agent.start(socket, command)) {
         std::cerr << "pello: cannot listen at \"" << socket << "\"\n";

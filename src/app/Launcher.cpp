@@ -17,13 +17,10 @@ Launcher::Launcher(const Platform& platform)
                    .workspace = platform.workspace,
                    .bundles = platform.bundles}),
       onProblem_(platform.defaults.problem.connect(
-          [this](const std::string& sentence) { tell(sentence); })),
-      onFailure_(platform.workspace.failed.connect(
-          [this](const std::string& sentence) { tell(sentence); })) {}
-
-void Launcher::tell(const std::string& sentence) {
-    log_.panel.error(sentence);
-    controller_.report(sentence);
-}
+          [this](const std::string& sentence) { controller_.report(sentence); })),
+      onFailure_(platform.workspace.failed.connect([this](const std::string& sentence) {
+          log_.panel.error(sentence);
+          controller_.report(sentence);
+      })) {}
 
 } // namespace pello

@@ -16,8 +16,6 @@ public:
     [[nodiscard]] const UsageStore& usage() const { return usage_; }
 
 private:
-    void tell(const std::string& sentence);
-
     PelloLog log_;
     PelloSettings settings_;
     UsageStore usage_;

@@ -127,6 +127,13 @@ TEST_F(CommandsTest, WithoutALauncherRunningItsVerbsSaySo) {
     EXPECT_EQ(outcome.complaint, "pello: no launcher is running\n");
 }
 
+TEST_F(CommandsTest, WithoutADisplayTheLauncherSaysSoAndNamesTheTerminal) {
+    const Outcome outcome = pello({"--show"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.complaint,
+              "pello: There is no display. \"pello terminal\" needs none.\n");
+}
+
 TEST_F(CommandsTest, WhatTheTerminalRunsIsLearned) {
     const Outcome outcome = pello({"terminal"}, "saf\n2\n");
     EXPECT_EQ(outcome.status, 0);

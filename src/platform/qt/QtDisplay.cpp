@@ -1,0 +1,39 @@
+#include "platform/qt/QtDisplay.h"
+
+#include <QGuiApplication>
+#include <QString>
+
+#if QT_CONFIG(xcb)
+#include <xcb/xcb.h>
+#endif
+
+namespace pello {
+
+#if QT_CONFIG(xcb)
+
+std::optional<std::string> displayProblem() {
+    // Wayland, and platforms chosen by hand, are left to Qt.
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+        !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        return std::nullopt;
+    }
+    const std::string display = qEnvironmentVariable("DISPLAY").toStdString();
+    if (display.empty()) {
+        return "There is no display.";
+    }
+    xcb_connection_t* connection = xcb_connect(display.c_str(), nullptr);
+    const bool isReachable = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return isReachable ? std::nullopt
+                       : std::optional("The display \"" + display + "\" cannot be reached.");
+}
+
+#else
+
+std::optional<std::string> displayProblem() {
+    return std::nullopt;
+}
+
+#endif
+
+} // namespace pello
