@@ -73,19 +73,22 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
     const std::string socket = controlSocketPath();
     // Before anything is read: the older one writes what it knows as it ends.
     (void)askRunningLauncher(socket, "quit");
+    QuitSignals signals;
     QApplication application(argc, argv);
     QApplication::setApplicationName("Pello");
     QApplication::setApplicationVersion(kVersion);
     QApplication::setDesktopFileName("is.tolva.pello");
     QApplication::setQuitOnLastWindowClosed(false);
-    const QuitSignals signals([] { QApplication::quit(); });
+    signals.deliver([] { QApplication::quit(); });
     Agent agent(application);
-    if (!agent.start(socket, command)) {
+    int status = ExitStatus::kNothing;
+    if (agent.start(socket, command)) {
+        status = QApplication::exec();
+        agent.finish();
+    } else {
         std::cerr << "pello: cannot listen at \"" << socket << "\"\n";
-        return ExitStatus::kNothing;
     }
-    const int status = QApplication::exec();
-    agent.finish();
+    signals.stop();
     return status;
 }
 

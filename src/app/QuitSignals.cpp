@@ -26,7 +26,9 @@ int blockedAndReadable() {
 
 } // namespace
 
-QuitSignals::QuitSignals(std::function<void()> quit) : descriptor_(blockedAndReadable()) {
+QuitSignals::QuitSignals() : descriptor_(blockedAndReadable()) {}
+
+void QuitSignals::deliver(std::function<void()> quit) {
     if (descriptor_ < 0) {
         return;
     }
