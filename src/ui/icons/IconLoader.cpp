@@ -88,7 +88,8 @@ IconLoader::Answer IconLoader::answer(const std::string& key, const Find& find) 
 
 void IconLoader::store(const QString& key, const QImage& image) {
     const auto state = image.isNull() ? State::missing : State::ready;
-    cache_.insert(key, new Answer{state, image}, kEntryBytes + image.sizeInBytes());
+    cache_.insert(key, new Answer{.state = state, .image = image},
+                  kEntryBytes + image.sizeInBytes());
     loaded.emit();
 }
 

@@ -55,7 +55,8 @@ IconTheme::Folder describe(const std::string& path, const Group& group) {
     const int scale = number(group, "Scale", 1);
     const int size = number(group, "Size", kUsualSize);
     const std::string type = value(group, "Type", "Threshold");
-    IconTheme::Folder folder{path, size * scale, size * scale, size * scale};
+    const int pixels = size * scale;
+    IconTheme::Folder folder{.path = path, .size = pixels, .smallest = pixels, .largest = pixels};
     if (type == "Scalable") {
         folder.smallest = number(group, "MinSize", size) * scale;
         folder.largest = number(group, "MaxSize", size) * scale;
@@ -114,7 +115,7 @@ void IconTheme::add(const std::string& name) {
     if (name.empty() || std::ranges::any_of(themes_, isNamed)) {
         return;
     }
-    themes_.push_back({name, {}});
+    themes_.push_back({.name = name, .folders = {}});
     for (const auto& root : roots_) {
         const Index index = readIndex(root / name / "index.theme");
         const auto header = index.find("Icon Theme");
@@ -159,6 +160,7 @@ std::optional<fs::path> IconTheme::find(std::string_view name, int pixels) const
 std::optional<fs::path> IconTheme::findIn(const Theme& theme, const std::string& name,
                                           int pixels) const {
     std::vector<const Folder*> folders;
+    folders.reserve(theme.folders.size());
     for (const auto& folder : theme.folders) {
         folders.push_back(&folder);
     }

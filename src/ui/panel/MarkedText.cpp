@@ -25,7 +25,7 @@ MarkedText::MarkedText(std::string_view utf8, std::span<const int> marks) {
     const auto views = text::characterViews(utf8);
     characters_.reserve(views.size());
     for (const auto view : views) {
-        characters_.push_back({onOneLine(view), false});
+        characters_.push_back({.text = onOneLine(view)});
     }
     for (const int mark : marks) {
         if (mark >= 0 && static_cast<std::size_t>(mark) < characters_.size()) {
@@ -49,7 +49,7 @@ std::vector<MarkedText::Range> MarkedText::markedRanges() const {
         const int length = static_cast<int>(character.text.size());
         if (character.isMarked) {
             if (ranges.empty() || ranges.back().start + ranges.back().length != position) {
-                ranges.push_back({position, 0});
+                ranges.push_back({.start = position});
             }
             ranges.back().length += length;
         }

@@ -150,7 +150,7 @@ void SearchField::paintSymbol(QPainter& painter) const {
 void SearchField::paintPlaceholder(QPainter& painter) const {
     painter.setFont(font());
     painter.setPen(style_.theme.dim);
-    const QRect area = textArea().adjusted(style_.metrics.caretWidth * 2, 0, 0, 0);
+    const QRect area = textArea().adjusted(style_.metrics.caretWidth * 3, 0, 0, 0);
     painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
                      QStringLiteral("Search or type a command…"));
 }
