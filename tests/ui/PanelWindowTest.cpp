@@ -20,17 +20,23 @@ protected:
     void mouse(QEvent::Type type, int row, QPoint position) {
         ResultList& list = panel.list();
         const QPoint place = list.visualRect(list.model()->index(row, 0)).center();
-        QMouseEvent event(type, place, position, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, place, position, button, held, Qt::NoModifier);
         QApplication::sendEvent(list.viewport(), &event);
     }
-    void drag(QPoint from, QPoint to) {
-        const auto send = [&](QEvent::Type type, QPoint place) {
-            QMouseEvent event(type, from, place, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(&panel, &event);
+    /// Drags from the middle of the search symbol, or further right, by `way`.
+    void drag(int right, QPoint way) {
+        const QPoint place(30 + right, 30);
+        const QPoint pressed = panel.field().mapToGlobal(place);
+        const auto send = [&](QEvent::Type type, QPoint pointer) {
+            QMouseEvent event(type, panel.field().mapFromGlobal(pointer), pointer, Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&panel.field(), &event);
         };
-        send(QEvent::MouseButtonPress, panel.mapToGlobal(from));
-        send(QEvent::MouseMove, panel.mapToGlobal(from) + to - from);
-        send(QEvent::MouseButtonRelease, panel.pos() + to);
+        send(QEvent::MouseButtonPress, pressed);
+        send(QEvent::MouseMove, pressed + way);
+        send(QEvent::MouseButtonRelease, pressed + way);
     }
 };
 
@@ -84,10 +90,12 @@ TEST_F(PanelWindowTest, EverythingGrowsWithTheFontSizeAtOnce) {
 
 TEST_F(PanelWindowTest, DraggingByAFreePartMovesItAndIsRemembered) {
     const QPoint before = panel.pos();
-    drag({10, 10}, {11, 10});
+    drag(0, {1, 0});
     EXPECT_EQ(panel.pos(), before) << "a shaking hand";
     EXPECT_FALSE(controller.isPanelDragged());
-    drag({10, 10}, {-20, 60});
+    drag(40, {20, 20});
+    EXPECT_EQ(panel.pos(), before) << "the text is not a free part";
+    drag(400, {-30, 50});
     EXPECT_EQ(panel.pos(), before + QPoint(-30, 50));
     controller.hide();
     controller.show("saf");

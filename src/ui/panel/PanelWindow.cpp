@@ -82,6 +82,7 @@ void PanelWindow::present() {
         icons_.forgetMissing();
         wasActive_ = false;
         refresh();
+        chooseScreen();
         place();
         list_.forgetPointerMoves();
     }
@@ -123,7 +124,7 @@ void PanelWindow::restyle() {
 void PanelWindow::refresh() {
     field_.setQuery(controller_.query());
     field_.setCompletion(controller_.inlineCompletion().value_or(""));
-    list_.show(controller_.results(), controller_.selection());
+    list_.setResults(controller_.results(), controller_.selection());
     notice_.setNotice(controller_.notice());
     fitHeight();
 }
@@ -137,13 +138,17 @@ QRect PanelWindow::screenArea() const {
     return screen()->availableGeometry();
 }
 
-/// Puts the panel where the settings want it, on the screen under the pointer.
+/// Goes to the screen under the pointer: there the user is looking.
+void PanelWindow::chooseScreen() {
+    if (auto* target = QGuiApplication::screenAt(QCursor::pos()); target && target != screen()) {
+        setScreen(target);
+    }
+}
+
+/// Puts the panel where the settings want it on its screen.
 void PanelWindow::place() {
     if (controller_.isPanelDragged()) {
         return;
-    }
-    if (auto* target = QGuiApplication::screenAt(QCursor::pos()); target && target != screen()) {
-        setScreen(target);
     }
     margin_ = compositor_.isRunning() ? style_.metrics.shadowMargin : 0;
     const auto& metrics = style_.metrics;

@@ -55,6 +55,7 @@ private:
     void takeKeyboard();
     void activationChanged();
 
+    void chooseScreen();
     void place();
     void fitHeight();
     void arrange();

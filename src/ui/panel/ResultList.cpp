@@ -33,7 +33,7 @@ void ResultList::restyle() {
     scheduleDelayedItemsLayout();
 }
 
-void ResultList::show(std::span<const SearchResult> results, int selection) {
+void ResultList::setResults(std::span<const SearchResult> results, int selection) {
     model_.setResults(results);
     const QModelIndex current = model_.index(selection, 0);
     if (current != currentIndex()) {
@@ -58,6 +58,10 @@ void ResultList::forgetPointerMoves() {
 }
 
 void ResultList::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() != Qt::NoButton && pressedRow_ < 0) {
+        event->ignore(); // pressed beside the rows: the panel is dragged
+        return;
+    }
     const QPoint pointer = event->globalPosition().toPoint();
     const bool hasMoved = pointer != pointer_; // rows also move under a pointer at rest
     pointer_ = pointer;
@@ -73,6 +77,7 @@ void ResultList::mousePressEvent(QMouseEvent* event) {
 
 void ResultList::mouseReleaseEvent(QMouseEvent* event) {
     const int row = rowAt(*event);
+    event->setAccepted(pressedRow_ >= 0);
     if (event->button() == Qt::LeftButton && row >= 0 && row == pressedRow_ && onClick) {
         onClick(row);
     }

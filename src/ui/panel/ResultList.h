@@ -20,7 +20,7 @@ public:
     void restyle();
 
     /// Shows `results`, with the row `selection` marked and in view.
-    void show(std::span<const SearchResult> results, int selection);
+    void setResults(std::span<const SearchResult> results, int selection);
 
     /// How high the list should be where there is `room`: as high as all its rows or as many whole
     /// ones as fit, at least one. 0 without rows.

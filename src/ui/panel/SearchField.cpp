@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QProxyStyle>
 
+#include <utility>
+
 namespace pello {
 
 namespace {
@@ -87,17 +89,18 @@ void SearchField::inputMethodEvent(QInputMethodEvent* event) {
     update();
 }
 
-void SearchField::mousePressEvent(QMouseEvent* event) {
-    const int grip = style_.metrics.headerPadding;
-    const bool isRightToLeft = runsRightToLeft();
+/// Whether there is no text at `x`, nor near it.
+bool SearchField::isFree(int x) const {
     const QRect area = textArea();
-    const int x = event->position().toPoint().x();
-    const int textEnd =
-        isRightToLeft ? area.right() - textWidth() - grip : area.left() + textWidth() + grip;
-    const bool isFree =
-        x < area.left() || x > area.right() || (isRightToLeft ? x < textEnd : x > textEnd);
-    if (event->button() == Qt::LeftButton && isFree) {
-        deselect();
+    const int reach = fontMetrics().horizontalAdvance(text()) + style_.metrics.headerPadding;
+    const bool isBesideText =
+        runsRightToLeft() ? x < area.right() - reach : x > area.left() + reach;
+    return isBesideText || x < area.left() || x > area.right();
+}
+
+void SearchField::mousePressEvent(QMouseEvent* event) {
+    isGripped_ = event->button() == Qt::LeftButton && isFree(event->position().toPoint().x());
+    if (isGripped_) {
         end(false);
         event->ignore();
         return;
@@ -105,8 +108,20 @@ void SearchField::mousePressEvent(QMouseEvent* event) {
     QLineEdit::mousePressEvent(event);
 }
 
-int SearchField::textWidth() const {
-    return fontMetrics().horizontalAdvance(text());
+void SearchField::mouseMoveEvent(QMouseEvent* event) {
+    if (isGripped_) {
+        event->ignore();
+        return;
+    }
+    QLineEdit::mouseMoveEvent(event);
+}
+
+void SearchField::mouseReleaseEvent(QMouseEvent* event) {
+    if (std::exchange(isGripped_, false)) {
+        event->ignore();
+        return;
+    }
+    QLineEdit::mouseReleaseEvent(event);
 }
 
 QRect SearchField::textArea() const {

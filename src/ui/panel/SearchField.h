@@ -37,9 +37,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    [[nodiscard]] int textWidth() const;
+    [[nodiscard]] bool isFree(int x) const;
     [[nodiscard]] QRect textArea() const;
     void paintSymbol(QPainter& painter) const;
     void paintPlaceholder(QPainter& painter) const;
@@ -48,6 +50,7 @@ private:
     const PanelStyle& style_;
     QString completion_;
     bool isComposing_ = false;
+    bool isGripped_ = false; // the press was passed on, and so is what follows it
 };
 
 } // namespace pello
