@@ -17,6 +17,8 @@ target_compile_options(pello_flags INTERFACE
     -ffp-contract=off
     # A designated initialiser leaves out what has a sensible default; that is what it is for.
     -Wno-missing-field-initializers
+    # clang sees libstdc++ 12 use what it deprecates itself, in std::stable_sort.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>
     # g++ 12 reports variables of std::optional and std::variant that are never read unset.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
