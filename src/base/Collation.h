@@ -24,8 +24,10 @@ public:
     /// A byte string whose plain comparison orders as `compare` does: for sorting many texts.
     [[nodiscard]] std::string sortKey(std::string_view utf8) const;
 
-private:
+    /// The rules as the implementation has them.
     struct Rules;
+
+private:
     std::unique_ptr<Rules> rules_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,33 @@ TEST(CollationTest, SortKeysOrderAsComparisonDoes) {
                 << left << " and " << right;
         }
     }
+}
+
+/// Sort keys never take the short cut for ASCII, so they tell whether it is right.
+TEST(CollationTest, AsciiTextsAreOrderedByTheLocaleToo) {
+    std::mt19937 generator(1);
+    const auto text = [&] {
+        std::string result;
+        for (std::size_t count = generator() % 5; count > 0; --count) {
+            const std::size_t place = generator() % 95;
+            result += generator() % 3 == 0 ? "achlyz"[place % 6] : static_cast<char>(' ' + place);
+        }
+        return result;
+    };
+    for (const char* locale :
+         {"en_US", "de_DE", "cs_CZ", "da_DK", "hu_HU", "sv_SE", "lt_LT", "th_TH", "ja_JP",
+          "es@collation=traditional", "en-u-kn", "en-u-ka-shifted", "nonsense"}) {
+        const Collation collation(locale);
+        for (int i = 0; i < 2000; ++i) {
+            const std::string left = text();
+            const std::string right = i % 2 == 0 ? text() : left + text();
+            ASSERT_EQ(sign(collation.compare(left, right)),
+                      sign(collation.sortKey(left).compare(collation.sortKey(right))))
+                << locale << ": " << left << " and " << right;
+        }
+    }
+    EXPECT_LT(Collation("cs_CZ").compare("cz", "ch"), 0) << "ch is a letter after c";
+    EXPECT_LT(Collation("en-u-kn").compare("a9", "a10"), 0) << "digits read as numbers";
 }
 
 } // namespace
