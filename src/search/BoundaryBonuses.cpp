@@ -7,6 +7,7 @@
 #include "search/MatchScore.h"
 
 #include <array>
+#include <cstddef>
 
 namespace pello {
 namespace {
@@ -19,6 +20,7 @@ enum Traits : std::uint8_t {
     kLetter = 8,
     kNumber = 16
 };
+constexpr std::size_t kTraitSets = 32;
 
 constexpr std::string_view kSeparators = " -_./\\()[]:,+&'";
 
@@ -52,7 +54,7 @@ std::uint8_t traitsOf(std::string_view character) {
     return static_cast<std::uint8_t>(traits);
 }
 
-std::uint8_t bonus(unsigned previous, unsigned current) {
+constexpr std::uint8_t bonus(unsigned previous, unsigned current) {
     if ((previous & kSeparator) != 0) {
         return MatchScore::kSeparatorBonus;
     }
@@ -66,23 +68,46 @@ std::uint8_t bonus(unsigned previous, unsigned current) {
     return 0;
 }
 
+using BonusTable = std::array<std::array<std::uint8_t, kTraitSets>, kTraitSets>;
+
+constexpr BonusTable makeBonuses() {
+    BonusTable bonuses{};
+    for (unsigned previous = 0; previous < kTraitSets; ++previous) {
+        for (unsigned current = 0; current < kTraitSets; ++current) {
+            bonuses[previous][current] = bonus(previous, current);
+        }
+    }
+    return bonuses;
+}
+
+constexpr BonusTable kBonuses = makeBonuses();
+
+void asciiBonuses(std::string_view text, std::uint8_t* bonuses) {
+    unsigned previous = kNone;
+    for (const char byte : text) {
+        const unsigned current = kAsciiTraits[static_cast<unsigned char>(byte)];
+        *bonuses++ = kBonuses[previous][current];
+        previous = current;
+    }
+}
+
 } // namespace
 
 void boundaryBonuses(std::string_view text, std::vector<std::uint8_t>& bonuses) {
     bonuses.clear();
-    unsigned previous = kNone;
-    const auto add = [&](unsigned current) {
-        bonuses.push_back(bonuses.empty() ? MatchScore::kStartBonus : bonus(previous, current));
-        previous = current;
-    };
     if (text::hasOnlySingleByteCharacters(text)) {
-        for (const char byte : text) {
-            add(kAsciiTraits[static_cast<unsigned char>(byte)]);
+        bonuses.resize(text.size());
+        asciiBonuses(text, bonuses.data());
+    } else {
+        unsigned previous = kNone;
+        for (const auto character : text::characterViews(text)) {
+            const unsigned current = traitsOf(character);
+            bonuses.push_back(kBonuses[previous][current]);
+            previous = current;
         }
-        return;
     }
-    for (const auto character : text::characterViews(text)) {
-        add(traitsOf(character));
+    if (!bonuses.empty()) {
+        bonuses.front() = MatchScore::kStartBonus;
     }
 }
 

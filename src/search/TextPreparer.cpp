@@ -3,6 +3,8 @@
 #include "base/Text.h"
 #include "search/BoundaryBonuses.h"
 
+#include <algorithm>
+
 namespace pello {
 namespace {
 
@@ -17,9 +19,8 @@ void prepareText(std::string_view text, CharacterCodes& codes, PreparedText& pre
     prepared.codes.clear();
     boundaryBonuses(text, prepared.bonuses);
     if (text::hasOnlySingleByteCharacters(text)) {
-        for (const char byte : text) {
-            prepared.bytes.push_back(lowercasedByte(byte));
-        }
+        prepared.bytes.resize(text.size());
+        std::transform(text.begin(), text.end(), prepared.bytes.begin(), lowercasedByte);
         return;
     }
     bool isAscii = true;

@@ -4,6 +4,7 @@
 #include "search/PresenceMask.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pello {
 namespace {
@@ -41,24 +42,25 @@ void TextTable::arrange() {
 /// Fills groups_, slots_ and numbers_; texts of one length keep their order.
 void TextTable::sortByLength() {
     const std::size_t count = begins_.size() - 1;
-    numbers_.resize(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        numbers_[i] = static_cast<std::uint32_t>(i);
+    std::vector<std::uint32_t> ends; // of each length's slots
+    for (std::size_t number = 0; number < count; ++number) {
+        const std::size_t length = begins_[number + 1] - begins_[number];
+        ends.resize(std::max(ends.size(), length + 1));
+        ++ends[length];
     }
-    const auto lengthOf = [&](std::uint32_t number) {
-        return begins_[number + 1] - begins_[number];
-    };
-    std::stable_sort(
-        numbers_.begin(), numbers_.end(),
-        [&](std::uint32_t left, std::uint32_t right) { return lengthOf(left) < lengthOf(right); });
-    slots_.resize(count);
-    for (std::uint32_t slot = 0; slot < count; ++slot) {
-        const std::uint32_t number = numbers_[slot];
-        slots_[number] = slot;
-        if (groups_.empty() || groups_.back().length != lengthOf(number)) {
-            groups_.push_back({.length = lengthOf(number), .first = slot, .end = slot});
+    std::uint32_t next = 0;
+    for (std::uint32_t length = 0; length < ends.size(); ++length) {
+        const std::uint32_t first = next;
+        next += std::exchange(ends[length], first);
+        if (next > first) {
+            groups_.push_back({.length = length, .first = first, .end = next});
         }
-        groups_.back().end = slot + 1;
+    }
+    slots_.resize(count);
+    numbers_.resize(count);
+    for (std::uint32_t number = 0; number < count; ++number) {
+        slots_[number] = ends[begins_[number + 1] - begins_[number]]++;
+        numbers_[slots_[number]] = number;
     }
     groups_.shrink_to_fit();
 }
