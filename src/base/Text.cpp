@@ -259,15 +259,16 @@ std::string composed(std::string_view utf8) {
     if (isAscii(utf8)) {
         return std::string(utf8);
     }
+    const std::string source = wellFormed(utf8);
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
     std::string result;
-    icu::StringByteSink<std::string> sink(&result, static_cast<int32_t>(utf8.size()));
+    icu::StringByteSink<std::string> sink(&result, static_cast<int32_t>(source.size()));
     if (U_SUCCESS(status) != 0) {
-        composer->normalizeUTF8(0, {utf8.data(), static_cast<int32_t>(utf8.size())}, sink, nullptr,
-                                status);
+        composer->normalizeUTF8(0, {source.data(), static_cast<int32_t>(source.size())}, sink,
+                                nullptr, status);
     }
-    return U_SUCCESS(status) != 0 ? result : std::string(utf8);
+    return U_SUCCESS(status) != 0 ? result : source;
 }
 
 bool isSameCharacter(std::string_view left, std::string_view right) {

@@ -36,7 +36,7 @@ namespace pello::text {
 [[nodiscard]] std::string lowercased(std::string_view utf8);
 [[nodiscard]] std::string uppercased(std::string_view utf8);
 
-/// Composed form (NFC): equal for any two canonically equivalent texts.
+/// Composed form (NFC), well-formed: equal for any two canonically equivalent texts.
 [[nodiscard]] std::string composed(std::string_view utf8);
 
 /// Whether two characters are the same to a reader: canonically equivalent.

@@ -86,6 +86,7 @@ TEST(TextTest, CanonicallyEquivalentCharactersAreTheSame) {
     EXPECT_TRUE(isSameCharacter("\u212B", "Å"));
     EXPECT_FALSE(isSameCharacter("e", "é"));
     EXPECT_FALSE(isSameCharacter("ﬁ", "fi")) << "compatible is not equivalent";
+    EXPECT_TRUE(isSameCharacter("\xFF", "\uFFFD")) << "as malformed bytes read";
 }
 
 TEST(TextTest, TrimmingTakesTheNamedSetOnly) {

@@ -37,6 +37,16 @@ TEST_P(SearchEquivalenceTest, EveryRowIsTheNaiveOne) {
     }
 }
 
+TEST(FuzzyMatcherEquivalenceTest, EveryMatchIsTheNaiveOne) {
+    std::mt19937_64 generator(1);
+    const Draw draw = [&](std::size_t bound) { return generator() % bound; };
+    for (int round = 0; round < 3000; ++round) {
+        const std::string query = testing::randomText(draw);
+        const std::string candidate = testing::randomText(draw);
+        ASSERT_EQ(testing::matchDifference(query.substr(0, query.size() / 4), candidate), "");
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Seeds, SearchEquivalenceTest, ::testing::Range(1U, 6U));
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "support/RandomSearch.h"
 
+#include "base/Text.h"
+#include "search/FuzzyMatcher.h"
 #include "search/NaiveSearch.h"
 #include "search/SearchEngine.h"
 #include "support/LaunchItems.h"
@@ -74,26 +76,14 @@ constexpr std::array<std::string_view, 52> kUnicode = {"é",
                                                        "\t",
                                                        "\xFF"};
 
-std::string text(const Draw& draw) {
-    // A text is all ASCII, mostly ASCII, or mostly not.
-    const std::size_t flavour = draw(4);
-    const std::size_t count = draw(16) == 0 ? draw(140) : draw(12);
-    std::string result;
-    for (std::size_t i = 0; i < count; ++i) {
-        const bool isUnicode = flavour == 2 ? draw(6) == 0 : flavour == 3 && draw(4) != 0;
-        result += isUnicode ? pick(kUnicode, draw) : pick(kAscii, draw);
-    }
-    return result;
-}
-
 LaunchItem randomItem(const Draw& draw, const std::vector<std::string>& words, std::string id) {
     ItemSketch sketch;
     sketch.id = std::move(id);
-    sketch.title = draw(3) == 0 ? words[draw(words.size())] : text(draw);
+    sketch.title = draw(3) == 0 ? words[draw(words.size())] : randomText(draw);
     sketch.kind = static_cast<LaunchItem::Kind>(draw(9));
     const std::size_t count = draw(4);
     for (std::size_t i = 0; i < count; ++i) {
-        sketch.keywords.push_back(draw(2) == 0 ? words[draw(words.size())] : text(draw));
+        sketch.keywords.push_back(draw(2) == 0 ? words[draw(words.size())] : randomText(draw));
     }
     return launchItem(std::move(sketch));
 }
@@ -101,7 +91,7 @@ LaunchItem randomItem(const Draw& draw, const std::vector<std::string>& words, s
 std::shared_ptr<const PreparedList> randomList(const Draw& draw) {
     std::vector<std::string> words; // that items of the list share
     for (std::size_t i = 0; i < 4; ++i) {
-        words.push_back(text(draw));
+        words.push_back(randomText(draw));
     }
     std::vector<LaunchItem> items;
     const std::size_t count = draw(8) == 0 ? draw(200) : draw(12);
@@ -139,6 +129,32 @@ bool isSame(const SearchResult& left, const SearchResult& right) {
 
 } // namespace
 
+std::string randomText(const Draw& draw) {
+    // A text is all ASCII, mostly ASCII, or mostly not.
+    const std::size_t flavour = draw(4);
+    const std::size_t count = draw(16) == 0 ? draw(140) : draw(12);
+    std::string result;
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool isUnicode = flavour == 2 ? draw(6) == 0 : flavour == 3 && draw(4) != 0;
+        result += isUnicode ? pick(kUnicode, draw) : pick(kAscii, draw);
+    }
+    return result;
+}
+
+std::string matchDifference(std::string_view query, std::string_view candidate) {
+    const auto characters = text::characters(text::lowercased(query));
+    const auto found = FuzzyMatcher::match(characters, candidate);
+    const auto expected = NaiveSearch::match(characters, candidate);
+    const bool isEqual = found.has_value() == expected.has_value() &&
+                         (!found || (found->positions == expected->positions &&
+                                     std::bit_cast<std::uint64_t>(found->score) ==
+                                         std::bit_cast<std::uint64_t>(expected->score)));
+    return isEqual ? ""
+                   : "query \"" + std::string(query) + "\", text \"" + std::string(candidate) +
+                         "\": " + (found ? std::to_string(found->score) : "nothing") + ", not " +
+                         (expected ? std::to_string(expected->score) : "nothing");
+}
+
 RandomSearch::RandomSearch(const Draw& draw) {
     const std::size_t lists = draw(4);
     for (std::size_t i = 0; i < lists; ++i) {
@@ -155,7 +171,7 @@ RandomSearch::RandomSearch(const Draw& draw) {
 }
 
 std::vector<std::string> RandomSearch::typedQueries(const Draw& draw) const {
-    std::string whole = text(draw);
+    std::string whole = randomText(draw);
     if (!catalogue.empty() && draw(3) != 0) {
         const auto items = catalogue[draw(catalogue.size())]->items();
         if (!items.empty()) {

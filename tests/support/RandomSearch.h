@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pello::testing {
@@ -17,6 +18,12 @@ namespace pello::testing {
 /// Where a random case takes its numbers from: a generator in tests, the fuzzer's bytes elsewhere.
 /// Gives a number from 0 to before `bound`.
 using Draw = std::function<std::size_t(std::size_t bound)>;
+
+/// A random text: ASCII or from the odd corners of Unicode.
+[[nodiscard]] std::string randomText(const Draw& draw);
+
+/// Where the matcher differs from the naive one, in words; empty when they agree in every bit.
+[[nodiscard]] std::string matchDifference(std::string_view query, std::string_view candidate);
 
 /// A random catalogue with everything that searching can go wrong on: texts of few characters, so
 /// that much matches and much is equal, from ASCII and the odd corners of Unicode; shared, repeated
