@@ -79,9 +79,9 @@ std::optional<Collation::Rules::Ranks> asciiRanks(const icu::Collator& collator)
     for (char c = kFirstPrintable; c <= kLastPrintable; ++c) {
         characters.emplace_back(1, c);
     }
-    std::stable_sort(
-        characters.begin(), characters.end(),
-        [&](const auto& left, const auto& right) { return order(collator, left, right) < 0; });
+    std::sort(characters.begin(), characters.end(), [&](const auto& left, const auto& right) {
+        return order(collator, left, right) < 0;
+    });
     Collation::Rules::Ranks ranks{};
     std::string previous;
     std::uint8_t rank = 0;
