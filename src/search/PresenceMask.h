@@ -61,9 +61,10 @@ inline constexpr std::array<std::uint64_t, 256> kBits = makeBits();
                                         std::uint32_t end, std::uint64_t query) {
     for (; index + 4 <= end; index += 4) {
         const std::uint64_t* four = texts + index;
-        const bool anyMay = mayContain(four[0], query) | mayContain(four[1], query) |
-                            mayContain(four[2], query) | mayContain(four[3], query);
-        if (anyMay) {
+        // Without a branch for each: any difference from "cannot" is enough.
+        const int may = int{mayContain(four[0], query)} + int{mayContain(four[1], query)} +
+                        int{mayContain(four[2], query)} + int{mayContain(four[3], query)};
+        if (may != 0) {
             break;
         }
     }

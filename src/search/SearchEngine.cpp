@@ -5,6 +5,7 @@
 #include "search/RankedSearch.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace pello::SearchEngine {
 namespace {
@@ -15,21 +16,32 @@ std::size_t count(std::ptrdiff_t limit) {
     return static_cast<std::size_t>(std::max<std::ptrdiff_t>(limit, 0));
 }
 
+bool wasUsedMore(const ScoredRow& left, const ScoredRow& right) {
+    if (left.score != right.score) {
+        return left.score > right.score;
+    }
+    return std::tie(left.list, left.item) < std::tie(right.list, right.item);
+}
+
 Rows recentlyUsed(const Catalogue& catalogue, const UsageStore& usage, std::ptrdiff_t limit) {
-    Rows rows;
+    std::vector<ScoredRow> used;
     LearnedItems& learned = usage.learnedItems();
-    for (const auto& list : catalogue) {
-        for (const std::uint32_t i : learned.in(*list).indices) {
-            const double boost = usage.boost(list->items()[i].id, "");
+    for (std::uint32_t list = 0; list < catalogue.size(); ++list) {
+        for (const std::uint32_t item : learned.in(*catalogue[list]).indices) {
+            const double boost = usage.boost(catalogue[list]->items()[item].id, "");
             if (boost > 0) {
-                rows.push_back({.item = list->ref(i), .score = boost, .titleMatches = {}});
+                used.push_back({.score = boost, .list = list, .item = item, .isByTitle = false});
             }
         }
     }
-    std::stable_sort(rows.begin(), rows.end(), [](const SearchResult& a, const SearchResult& b) {
-        return a.score > b.score;
-    });
-    rows.resize(std::min(rows.size(), count(limit)));
+    std::sort(used.begin(), used.end(), wasUsedMore);
+    used.resize(std::min(used.size(), count(limit)));
+    Rows rows;
+    rows.reserve(used.size());
+    for (const ScoredRow& row : used) {
+        rows.push_back(
+            {.item = catalogue[row.list]->ref(row.item), .score = row.score, .titleMatches = {}});
+    }
     return rows;
 }
 
