@@ -7,11 +7,12 @@
 #include <optional>
 #include <vector>
 
-// Two ways in which a small file could do harm:
+// Ways in which a small file could do harm:
 //
 //   XML     <array><array><array>...      as deep as the file is long: recursion eats the stack
 //   binary  1: [2 2]  2: [3 3]  3: [4 4]  shared objects: 40 of them stand for 2^40 values
 //           1: [2]    2: [1]              an object inside itself
+//           a key with a NUL in it        the library ends the program for it
 //
 // The XML walk counts open containers. The binary walk computes depth and written-out size of each
 // object once, from the leaves up, and refuses what contains itself.
@@ -142,6 +143,7 @@ private:
         enum class State { unseen, open, done } state = State::unseen;
         std::size_t height = 0; // containers below and including this one
         std::size_t cost = 0;
+        bool hasNul = false; // a text with a NUL in it
     };
 
     /// The measure of an object, or null when it is out of bounds.
@@ -178,23 +180,38 @@ private:
             return false;
         }
         here.cost = kPropertyListNodeCost;
+        constexpr std::size_t kAscii = 0x5;
         constexpr std::size_t kUtf16 = 0x6;
         constexpr std::size_t kArray = 0xA;
         constexpr std::size_t kDictionary = 0xD;
         if (kind < kArray) {
-            here.cost += kind >= kData ? count * (kind == kUtf16 ? 2 : 1) : count;
+            const std::size_t unit = kind == kUtf16 ? 2 : 1;
+            here.cost += count * unit;
+            here.hasNul = (kind == kAscii || kind == kUtf16) && hasNul(position, count, unit);
             return count <= list_.size();
         }
         here.height = 1;
+        const std::size_t keys = kind == kDictionary ? count : 0;
         return depth < kPropertyListDepth && count <= list_.size() &&
-               addElements(here, position, count * (kind == kDictionary ? 2 : 1), depth);
+               addElements(here, position, keys, keys + count, depth);
     }
 
-    bool addElements(Measure& here, std::size_t position, std::size_t count, std::size_t depth) {
+    [[nodiscard]] bool hasNul(std::size_t position, std::size_t count, std::size_t unit) const {
+        for (std::size_t i = 0; i < count && position < list_.size(); ++i, position += unit) {
+            if (number(position, unit) == std::size_t{0}) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// Adds the `count` elements to which references stand at `position`, `keys` of them first.
+    bool addElements(Measure& here, std::size_t position, std::size_t keys, std::size_t count,
+                     std::size_t depth) {
         for (std::size_t i = 0; i < count; ++i) {
             const auto reference = number(position + i * referenceSize_, referenceSize_);
             const Measure* element = reference ? measure(*reference, depth + 1) : nullptr;
-            if (element == nullptr) {
+            if (element == nullptr || (i < keys && element->hasNul)) {
                 return false;
             }
             here.height = std::max(here.height, element->height + 1);

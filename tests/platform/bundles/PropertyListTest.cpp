@@ -188,5 +188,17 @@ TEST(PropertyListTest, SharedObjectsCannotGrowWithoutBound) {
     EXPECT_EQ(parsePropertyList(binaryArrays(doubling)), std::nullopt) << "2^39 arrays";
 }
 
+TEST(PropertyListTest, AKeyWithANulIsDamage) {
+    auto list = *serializePropertyList(PropertyDictionary{{"keyABC", "textABC"}});
+    list.replace(list.find("textABC") + 4, 1, 1, '\0');
+    EXPECT_TRUE(parsePropertyList(list)) << "in a text it is none";
+    list.replace(list.find("keyABC") + 3, 1, 1, '\0');
+    EXPECT_EQ(parsePropertyList(list), std::nullopt);
+    auto wide = *serializePropertyList(PropertyDictionary{{"\u0100\u0200", 1}});
+    EXPECT_TRUE(parsePropertyList(wide));
+    wide.replace(wide.find('\x02', 8), 1, 1, '\0');
+    EXPECT_EQ(parsePropertyList(wide), std::nullopt);
+}
+
 } // namespace
 } // namespace pello
