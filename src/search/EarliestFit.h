@@ -28,6 +28,9 @@ template <unsigned Blocks>
     std::uint64_t found = 1;
     for (const PositionMask::Pattern& character : query) {
         found = PositionMask::places<Blocks>(character, text) & allowed;
+        if (Blocks > 2 && found == 0) {
+            return false; // one more step would cost more than a branch that was not foreseen
+        }
 
         allowed &= PositionMask::aboveLowest(found);
     }
@@ -48,6 +51,53 @@ template <unsigned Blocks>
 }
 
 } // namespace detail
+
+namespace detail {
+
+template <class Exists>
+inline std::size_t select(std::span<std::uint32_t> slots, Exists exists) {
+    std::size_t count = 0;
+    for (const std::uint32_t slot : slots) {
+        slots[count] = slot;
+        count += exists(slot) ? 1U : 0U;
+    }
+    return count;
+}
+
+} // namespace detail
+
+/// Texts of one length in a row: the first is that of slot `first`.
+struct Row {
+    const std::uint8_t* bytes;
+    std::uint32_t first;
+    std::uint32_t length;
+};
+
+/// Keeps of `slots` those whose texts contain `query` in their first `reach` characters, in front,
+/// and gives their number.
+[[nodiscard]] inline std::size_t select(Query query, Row texts, std::size_t reach,
+                                        std::span<std::uint32_t> slots) {
+    const auto keep = [&](auto exists) {
+        return detail::select(slots, [&](std::uint32_t slot) {
+            const std::size_t place = slot - texts.first;
+            return exists(query, texts.bytes + place * texts.length, reach);
+        });
+    };
+    switch (PositionMask::blocks(reach)) {
+    case 0:
+        return 0;
+    case 1:
+        return keep(detail::inBlocks<1>);
+    case 2:
+        return keep(detail::inBlocks<2>);
+    case 3:
+        return keep(detail::inBlocks<3>);
+    case 4:
+        return keep(detail::inBlocks<4>);
+    default:
+        return keep(detail::inLongText);
+    }
+}
 
 /// Whether the first `length` characters of `text` contain `query`. The text is readable for
 /// whole blocks.

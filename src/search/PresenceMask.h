@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -55,23 +56,35 @@ inline constexpr std::array<std::uint64_t, 256> kBits = makeBits();
     return (query & ~text) == 0;
 }
 
-/// The first index from `index` on whose text can contain the query, or `end`. Most cannot: four
-/// at a time are passed over.
-[[nodiscard]] inline std::uint32_t next(const std::uint64_t* texts, std::uint32_t index,
-                                        std::uint32_t end, std::uint64_t query) {
+/// Collects the indices from `begin` to before `end` whose texts can contain the query into
+/// `found`, which has room for all of them, and gives their number.
+///
+/// What one text decides tells nothing about the next, so there is no branch for it; four texts of
+/// which none can are passed over at once.
+[[nodiscard]] inline std::size_t select(const std::uint64_t* texts, std::uint32_t begin,
+                                        std::uint32_t end, std::uint64_t query,
+                                        std::uint32_t* found) {
+    std::size_t count = 0;
+    const auto collect = [&](std::uint32_t index, bool may) {
+        found[count] = index;
+        count += may ? 1U : 0U;
+    };
+    std::uint32_t index = begin;
     for (; index + 4 <= end; index += 4) {
         const std::uint64_t* four = texts + index;
-        // Without a branch for each: any difference from "cannot" is enough.
-        const int may = int{mayContain(four[0], query)} + int{mayContain(four[1], query)} +
-                        int{mayContain(four[2], query)} + int{mayContain(four[3], query)};
-        if (may != 0) {
-            break;
+        const std::array<bool, 4> may = {mayContain(four[0], query), mayContain(four[1], query),
+                                         mayContain(four[2], query), mayContain(four[3], query)};
+        if (int{may[0]} + int{may[1]} + int{may[2]} + int{may[3]} != 0) {
+            collect(index, may[0]);
+            collect(index + 1, may[1]);
+            collect(index + 2, may[2]);
+            collect(index + 3, may[3]);
         }
     }
-    while (index < end && !mayContain(texts[index], query)) {
-        ++index;
+    for (; index < end; ++index) {
+        collect(index, mayContain(texts[index], query));
     }
-    return index;
+    return count;
 }
 
 } // namespace pello::PresenceMask

@@ -8,6 +8,7 @@
 #include "search/SearchWork.h"
 #include "search/TextTable.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -74,33 +75,31 @@ void TextMatcher::scan(const TextTable& table, Needed needed, Skips skips, Visit
 template <class Needed, class Skips, class Visit>
 void TextMatcher::scanGroup(const TextTable& table, const TextTable::Group& group, Needed needed,
                             Skips skips, Visit visit) {
-    const EarliestFit::Query query = needle_.patterns;
-    const std::uint64_t mask = needle_.mask;
-    const std::uint32_t end = group.end;
-    const std::uint8_t* const texts = table.bytes(group.first).characters.data();
-    const std::size_t length = group.length;
-    double least = needed();
-    std::size_t reach = bound_.reach(length, least);
-    std::size_t tried = 0;
-    for (std::uint32_t slot = group.first;; ++slot) {
-        slot = PresenceMask::next(table.masks(), slot, end, mask);
-        if (slot == end) {
-            break;
-        }
-        ++tried;
-        if (!EarliestFit::exists(query, texts + (slot - group.first) * length, reach) ||
-            !canScore(table.bytes(slot), least) || skips(table.numberAt(slot))) {
-            continue;
-        }
-        if (const auto score = exactScore(table, slot)) {
-            visit(table.numberAt(slot), *score);
-            if (needed() > least) {
+    constexpr std::uint32_t kChunk = 512;
+    std::array<std::uint32_t, kChunk> slots;
+    const EarliestFit::Row texts = {.bytes = table.bytes(group.first).characters.data(),
+                                    .first = group.first,
+                                    .length = group.length};
+    for (std::uint32_t begin = group.first; begin < group.end; begin += kChunk) {
+        const std::uint32_t end = std::min(begin + kChunk, group.end);
+        double least = needed();
+        const std::size_t mayFit =
+            PresenceMask::select(table.masks(), begin, end, needle_.mask, slots.data());
+        const std::size_t fitting =
+            EarliestFit::select(needle_.patterns, texts, bound_.reach(group.length, least),
+                                std::span(slots).first(mayFit));
+        work_.textsTried += mayFit;
+        for (const std::uint32_t slot : std::span(slots).first(fitting)) {
+            const std::uint32_t number = table.numberAt(slot);
+            if (!canScore(table.bytes(slot), least) || skips(number)) {
+                continue;
+            }
+            if (const auto score = exactScore(table, slot)) {
+                visit(number, *score);
                 least = needed();
-                reach = bound_.reach(length, least);
             }
         }
     }
-    work_.textsTried += tried;
 }
 
 } // namespace pello

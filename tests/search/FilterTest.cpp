@@ -102,7 +102,7 @@ TEST(FilterTest, PresenceMasksNeverRejectATextThatContainsTheQuery) {
     }
 }
 
-TEST(FilterTest, TheNextTextThatMayContainTheQueryIsFound) {
+TEST(FilterTest, TheTextsThatMayContainTheQueryAreCollected) {
     RandomText random(3);
     for (int round = 0; round < kRounds; ++round) {
         std::vector<std::uint64_t> masks(random.below(20));
@@ -112,11 +112,15 @@ TEST(FilterTest, TheNextTextThatMayContainTheQueryIsFound) {
         const std::uint64_t query = random.below(16);
         const auto end = static_cast<std::uint32_t>(masks.size());
         const auto begin = static_cast<std::uint32_t>(random.below(masks.size() + 1));
-        std::uint32_t expected = begin;
-        while (expected < end && (masks[expected] & query) != query) {
-            ++expected;
+        std::vector<std::uint32_t> expected;
+        for (std::uint32_t i = begin; i < end; ++i) {
+            if ((masks[i] & query) == query) {
+                expected.push_back(i);
+            }
         }
-        ASSERT_EQ(PresenceMask::next(masks.data(), begin, end, query), expected);
+        std::vector<std::uint32_t> found(end - begin);
+        found.resize(PresenceMask::select(masks.data(), begin, end, query, found.data()));
+        ASSERT_EQ(found, expected);
     }
 }
 
@@ -126,8 +130,12 @@ TEST(FilterTest, TheEarliestFitIsFoundWithinReach) {
         const Sample sample(random.text(round % 4 == 0 ? 150 : 66), random.query(6));
         const auto end = sample.earliestEnd();
         for (const std::size_t reach : {sample.length, random.below(sample.length + 1)}) {
-            ASSERT_EQ(EarliestFit::exists(sample.patterns, sample.prepared.bytes.data(), reach),
-                      end && *end <= reach);
+            const bool fits = end && *end <= reach;
+            const std::uint8_t* bytes = sample.prepared.bytes.data();
+            ASSERT_EQ(EarliestFit::exists(sample.patterns, bytes, reach), fits);
+            std::vector<std::uint32_t> slots = {7};
+            const EarliestFit::Row texts = {bytes, 7, static_cast<std::uint32_t>(sample.length)};
+            ASSERT_EQ(EarliestFit::select(sample.patterns, texts, reach, slots), fits ? 1U : 0U);
         }
     }
 }
