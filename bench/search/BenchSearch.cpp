@@ -92,7 +92,7 @@ void timeBuilding(const Effort& effort, Measurement& result) {
     };
     const auto least = [&](const std::vector<std::vector<LaunchItem>>& sources) {
         double time = build(sources);
-        for (std::size_t i = 1; i < effort.runs; ++i) {
+        for (std::size_t i = 1; i < effort.builds; ++i) {
             time = std::min(time, build(sources));
         }
         return time;

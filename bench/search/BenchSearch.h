@@ -12,7 +12,8 @@ namespace pello::bench {
 /// How thoroughly to measure.
 struct Effort {
     std::size_t queries = 200;    // typed letter by letter
-    std::size_t runs = 5;         // of each keystroke, the least counts
+    std::size_t runs = 15;        // of each keystroke, the least counts
+    std::size_t builds = 5;       // of each catalogue, likewise
     std::size_t naiveSample = 60; // keystrokes that the naive search is timed on
     std::size_t peerSample = 40;  // keystrokes that the other programs are timed on
     std::size_t peerRuns = 3;

@@ -19,8 +19,13 @@ using pello::bench::Effort;
 using pello::bench::Measurement;
 
 /// Fewer queries and repetitions, for a look in seconds.
-constexpr Effort kQuick = {
-    .queries = 40, .runs = 3, .naiveSample = 6, .peerSample = 6, .peerRuns = 1, .learned = 300};
+constexpr Effort kQuick = {.queries = 40,
+                           .runs = 7,
+                           .builds = 3,
+                           .naiveSample = 6,
+                           .peerSample = 6,
+                           .peerRuns = 1,
+                           .learned = 300};
 
 void keystrokes(benchmark::State& state, std::size_t items, const Effort& effort,
                 std::vector<Measurement>& measurements) {
