@@ -139,12 +139,16 @@ void SearchField::paintEvent(QPaintEvent* event) {
     if (!completion_.isEmpty() && isCaretAtEnd() && !isComposing_) {
         paintCompletion(painter);
     }
-    if (hasFocus() || isComposing_) {
-        const QRect caret = cursorRect();
+    if (hasFocus()) {
         const int height = fontMetrics().height();
-        painter.fillRect(caret.center().x(), (this->height() - height) / 2,
-                         style_.metrics.caretWidth, height, style_.theme.accent);
+        painter.fillRect(caretX(), (this->height() - height) / 2, style_.metrics.caretWidth, height,
+                         style_.theme.accent);
     }
+}
+
+/// Where the caret stands: QLineEdit's rectangle has room on both sides of it.
+int SearchField::caretX() const {
+    return cursorRect().center().x() + 1;
 }
 
 void SearchField::paintSymbol(QPainter& painter) const {
@@ -171,20 +175,18 @@ void SearchField::paintPlaceholder(QPainter& painter) const {
 }
 
 void SearchField::paintCompletion(QPainter& painter) const {
-    const int caret = cursorRect().center().x() + style_.metrics.caretWidth;
-    const bool isRightToLeft = runsRightToLeft();
-    QRect area = textArea();
-    isRightToLeft ? area.setRight(caret - style_.metrics.caretWidth - 1) : area.setLeft(caret);
-    painter.setFont(font());
+    const QFontMetrics font = fontMetrics();
+    const int advance = font.horizontalAdvance(completion_);
+    const int start = runsRightToLeft() ? caretX() - advance : caretX() + style_.metrics.caretWidth;
+    painter.setFont(this->font());
     painter.setPen(style_.theme.dim);
-    const int side = isRightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    painter.drawText(area, Qt::AlignVCenter | side | Qt::TextSingleLine, completion_);
+    painter.setClipRect(textArea());
+    painter.drawText(start, cursorRect().y() + font.ascent(), completion_);
 
     const int hint = chipWidth(style_, kHint);
-    const int free =
-        area.width() - fontMetrics().horizontalAdvance(completion_) - style_.metrics.headerGap;
-    if (!isRightToLeft && hint <= free) {
-        paintChip(painter, QRect(area.right() - hint, 0, hint, height()), style_, kHint);
+    const int end = textArea().right();
+    if (!runsRightToLeft() && start + advance + style_.metrics.headerGap + hint <= end) {
+        paintChip(painter, QRect(end - hint, 0, hint, height()), style_, kHint);
     }
 }
 

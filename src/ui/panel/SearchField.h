@@ -43,6 +43,7 @@ protected:
 private:
     [[nodiscard]] bool isFree(int x) const;
     [[nodiscard]] QRect textArea() const;
+    [[nodiscard]] int caretX() const;
     void paintSymbol(QPainter& painter) const;
     void paintPlaceholder(QPainter& painter) const;
     void paintCompletion(QPainter& painter) const;

@@ -1,0 +1,187 @@
+"""A private desktop for tests: an X server, a window manager, a session bus and a home of its own.
+
+Everything here waits for events; a deadline only turns a hang into a failure.
+"""
+import contextlib
+import os
+import pathlib
+import re
+import selectors
+import shutil
+import subprocess
+import tempfile
+import time
+
+DEADLINE = 30  # seconds, for any one thing to happen
+
+
+class Lines:
+    """Lines that arrive in a file descriptor, waited for one by one."""
+
+    def __init__(self, descriptor, source):
+        self.descriptor = descriptor
+        self.source = source
+        self.buffer = b""
+        self.selector = selectors.DefaultSelector()
+        self.selector.register(descriptor, selectors.EVENT_READ)
+
+    def until(self, wanted, what):
+        """What `wanted` gives for the first line for which it gives something true."""
+        end = time.monotonic() + DEADLINE
+        while True:
+            while b"\n" in self.buffer:
+                line, self.buffer = self.buffer.split(b"\n", 1)
+                if found := wanted(line.decode(errors="replace")):
+                    return found
+            if not self.selector.select(end - time.monotonic()):
+                raise AssertionError(f"{what}: nothing happened for {DEADLINE} s")
+            chunk = os.read(self.descriptor, 65536)
+            if not chunk:
+                raise AssertionError(f"{what}: {self.source} ended")
+            self.buffer += chunk
+
+
+class Desktop:
+    """One screen with openbox on it. Use it in a `with`; everything ends and goes with it."""
+
+    def __init__(self, screenshots, size="1280x800"):
+        self.screenshots = pathlib.Path(screenshots)
+        self.size = size
+        self.stack = contextlib.ExitStack()
+
+    def __enter__(self):
+        with contextlib.ExitStack() as stack:
+            self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pello-desktop-"))
+            stack.callback(shutil.rmtree, self.folder, ignore_errors=True)
+            self.stack, self.environment = stack, self._environment()
+            self._start_display()
+            self._start_bus()
+            self.stack = stack.pop_all()
+        return self
+
+    def __exit__(self, *_):
+        self.stack.close()
+
+    def _environment(self):
+        folders = {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
+                   "XDG_DATA_DIRS": "system", "XDG_STATE_HOME": "state",
+                   "XDG_CACHE_HOME": "cache", "XDG_RUNTIME_DIR": "runtime"}
+        for name in folders.values():
+            (self.folder / name).mkdir(mode=0o700)
+        (self.folder / "data/applications").mkdir()
+        kept = {"PATH": os.environ["PATH"], "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb"}
+        return kept | {key: str(self.folder / name) for key, name in folders.items()}
+
+    def _start_display(self):
+        reader, writer = os.pipe()
+        server = ["Xvfb", "-displayfd", str(writer), "-screen", "0", self.size + "x24", "-noreset"]
+        self.start(server, pass_fds=[writer], stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with os.fdopen(reader) as pipe:
+            self.environment["DISPLAY"] = ":" + pipe.readline().strip()
+        self.root = self.watch(["xprop", "-root", "-spy"])
+        self.start(["env", "XDG_DATA_DIRS=/usr/share", "openbox"], stderr=subprocess.DEVNULL)
+        # Set once the manager manages: what is mapped earlier may be overlooked.
+        self.root.until(lambda line: line.startswith("_NET_CLIENT_LIST("), "the window manager")
+
+    def _start_bus(self):
+        bus = self.watch(["dbus-daemon", "--session", "--nofork", "--print-address"])
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.until(str.strip, "the session bus")
+
+    def start(self, command, **options):
+        """Starts `command` here; it is ended with the desktop unless it ended before."""
+        process = subprocess.Popen(list(map(str, command)), env=self.environment,
+                                   stdin=subprocess.DEVNULL, **options)
+        self.stack.callback(self._end, process)
+        return process
+
+    @staticmethod
+    def _end(process):
+        process.terminate()
+        try:
+            process.wait(DEADLINE)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+        if process.stdout:
+            process.stdout.close()
+
+    def watch(self, command):
+        """Starts `command` and returns its lines as it writes them."""
+        process = self.start(["stdbuf", "-oL", *command], stdout=subprocess.PIPE,
+                             stderr=subprocess.DEVNULL)
+        return Lines(process.stdout.fileno(), command[0])
+
+    def run(self, *command):
+        """What `command` prints; it must succeed."""
+        return subprocess.run(list(map(str, command)), env=self.environment, check=True, text=True,
+                              stdout=subprocess.PIPE, timeout=DEADLINE).stdout
+
+    def wait_for_active(self, title):
+        """Waits until a window of this title has the keyboard, and returns its id."""
+
+        def is_it(line):
+            window = re.search(r"^_NET_ACTIVE_WINDOW.*(0x[0-9a-f]+)", line)
+            if window and int(window[1], 16):
+                with contextlib.suppress(subprocess.CalledProcessError):  # it may have gone
+                    if f'"{title}"' in self.run("xprop", "-id", window[1], "WM_NAME"):
+                        return window[1]
+            return None
+
+        return self.root.until(is_it, f"the window {title}")
+
+    def key(self, *names):
+        self.run("xdotool", "key", "--clearmodifiers", *names)
+
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", "1", text)
+
+    def screenshot(self, name):
+        """Takes a picture of the screen once it stands still."""
+        self.screenshots.mkdir(parents=True, exist_ok=True)
+        file = self.screenshots / f"{name}.png"
+        before = None
+        while (now := self._screen()) != before:
+            before = now
+        self.run("convert", self.folder / "screen.ppm", file)
+        return file
+
+    def _screen(self):
+        self.run("import", "-window", "root", self.folder / "screen.ppm")
+        return (self.folder / "screen.ppm").read_bytes()
+
+    def colour(self, screenshot, x, y):
+        """The colour of one pixel, as #RRGGBB."""
+        pixel = f"%[hex:u.p{{{x},{y}}}]"
+        return "#" + self.run("convert", screenshot, "-format", pixel, "info:").strip()[:6]
+
+    def geometry(self, window):
+        shell = self.run("xdotool", "getwindowgeometry", "--shell", window)
+        values = dict(line.split("=") for line in shell.split())
+        return {key: int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")}
+
+    def watch_marks(self):
+        """The lines that applications of `add_marker` leave when they run."""
+        pipe = self.folder / "marks"
+        os.mkfifo(pipe)
+        descriptor = os.open(pipe, os.O_RDWR)  # for writing too, so that it never ends
+        self.stack.callback(os.close, descriptor)
+        return Lines(descriptor, "the pipe of the marks")
+
+    def add_marker(self, name):
+        """Installs an application that leaves its name as a mark when it runs."""
+        script = self.folder / "leave-mark"
+        if not script.exists():
+            script.write_text(f'#!/bin/sh\necho "$1" >"{self.folder}/marks"\n')
+            script.chmod(0o700)
+        self.add_application(name, Exec=f'{script} "{name}"')
+
+    def add_application(self, name, **keys):
+        """Installs an application for this user."""
+        entry = {"Type": "Application", "Name": name} | keys
+        lines = "".join(f"{key}={value}\n" for key, value in entry.items())
+        applications = self.folder / "data/applications"
+        temporary = self.folder / "new.desktop"
+        temporary.write_text("[Desktop Entry]\n" + lines)
+        temporary.rename(applications / (name.replace(" ", "-").lower() + ".desktop"))
+

@@ -1,0 +1,120 @@
+"""The real program on a real display: what a user does from the first summons to the second."""
+import re
+import sys
+import unittest
+
+from desktop import Desktop
+
+PELLO, SCREENSHOTS = sys.argv[1:3]
+
+
+class LauncherTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = Desktop(SCREENSHOTS)
+        self.desktop.__enter__()
+        self.addCleanup(self.desktop.__exit__)
+        self.addCleanup(self.desktop.screenshot, self.id().split(".")[-1])
+        self.marks = self.desktop.watch_marks()
+        for name in ("Alpha Beacon", "Alpha Comet", "Zebra"):
+            self.desktop.add_marker(name)
+
+    def start_pello(self):
+        """Starts the program with its panel open, and returns its process."""
+        process = self.desktop.start([PELLO, "--show"])
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.sizes = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_NORMAL_HINTS"])
+        return process
+
+    def wait_for_rows(self, count):
+        """Waits until the panel is as high as `count` rows make it."""
+        header, row, padding = 60, 50, 14
+        height = header + (count * row + padding if count else 0)
+        self.sizes.until(lambda line: f"specified size: 720 by {height}" in line, f"{count} rows")
+
+    def wait_until_closed(self):
+        states = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_STATE"])
+        states.until(lambda line: "Withdrawn" in line or "not found" in line, "the panel closes")
+
+    def expect_mark(self, name):
+        self.assertEqual(self.marks.until(str.strip, "the launched application"), name)
+
+    def first_found(self, text):
+        return self.desktop.run(PELLO, "query", text, "--limit", "1").split("\n")[0]
+
+    def test_what_ran_once_ranks_first_after_a_restart(self):
+        self.assertIn("Alpha Comet", self.first_found("al"))
+
+        pello = self.start_pello()
+        self.desktop.type("beacon")
+        self.wait_for_rows(1)
+        self.desktop.screenshot("typed")
+        self.desktop.key("Return")
+        self.expect_mark("Alpha Beacon")
+        self.desktop.run(PELLO, "quit")
+        self.assertEqual(pello.wait(), 0)
+
+        self.start_pello()
+        self.desktop.type("al")
+        self.wait_for_rows(2)
+        self.desktop.screenshot("learned")
+        self.desktop.key("Return")
+        self.expect_mark("Alpha Beacon")
+        self.assertIn("Alpha Beacon", self.first_found("al"))
+
+    def test_an_application_installed_meanwhile_shows_up(self):
+        self.start_pello()
+        self.desktop.type("zebra")
+        self.wait_for_rows(1)
+        self.desktop.add_marker("Zebra Crossing")
+        self.wait_for_rows(2)
+        self.desktop.screenshot("installed-meanwhile")
+        self.desktop.key("Down", "Return")
+        self.expect_mark("Zebra Crossing")
+
+    def test_the_keyboard_comes_and_goes_back(self):
+        typed = self.desktop.watch(["xev", "-name", "Editor", "-event", "keyboard"])
+        editor = self.desktop.wait_for_active("Editor")
+        self.start_pello()
+        self.desktop.type("xy")
+        self.desktop.key("Escape", "Escape")
+        self.assertEqual(self.desktop.wait_for_active("Editor"), editor)
+        self.desktop.key("q")
+        pressed = []
+
+        def note(line):
+            if re.search(r"^Key(Press|Release) event", line):
+                pressed.append(line.split()[0])
+            elif key := re.search(r"keysym 0x\w+, (\w+)", line):
+                pressed[-1] += " " + key[1]
+            return pressed and pressed[-1] == "KeyPress q"
+
+        typed.until(note, "a key in the former window")
+        presses = [each for each in pressed if each.startswith("KeyPress")]
+        self.assertEqual(presses, ["KeyPress q"], "what was typed into the panel stays there")
+
+        self.desktop.run(PELLO, "toggle")
+        self.desktop.wait_for_active("Pello")
+        self.desktop.run(PELLO, "toggle")
+        self.assertEqual(self.desktop.wait_for_active("Editor"), editor)
+
+    def test_a_click_elsewhere_closes_it(self):
+        self.desktop.watch(["xev", "-name", "Editor", "-geometry", "200x100+0+0"])
+        editor = self.desktop.wait_for_active("Editor")
+        self.start_pello()
+        self.desktop.run("xdotool", "mousemove", "100", "60", "click", "1")
+        self.assertEqual(self.desktop.wait_for_active("Editor"), editor)
+        self.wait_until_closed()
+
+    def test_corners_are_round_without_a_compositor(self):
+        self.desktop.run("xsetroot", "-solid", "#336699")
+        self.start_pello()
+        place = self.desktop.geometry(self.panel)
+        shot = self.desktop.screenshot("corners")
+        right, bottom = place["X"] + place["WIDTH"] - 1, place["Y"] + place["HEIGHT"] - 1
+        for x, y in ((place["X"], place["Y"]), (right, place["Y"]), (right, bottom)):
+            self.assertEqual(self.desktop.colour(shot, x, y), "#336699")
+        self.assertNotEqual(self.desktop.colour(shot, right - 40, place["Y"] + 20), "#336699")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)
