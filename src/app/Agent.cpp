@@ -6,7 +6,7 @@
 #include "app/Launcher.h"
 #include "app/QuitSignals.h"
 #include "app/Version.h"
-#include "platform/qt/QtDisplay.h"
+#include "platform/linux/X11Display.h"
 #include "ui/panel/PanelWindow.h"
 
 #include <QApplication>

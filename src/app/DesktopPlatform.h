@@ -2,7 +2,7 @@
 
 #include "app/LinuxServices.h"
 #include "platform/linux/InotifyFolderWatcher.h"
-#include "platform/qt/QtCompositor.h"
+#include "platform/linux/X11Compositor.h"
 #include "platform/qt/QtMainLoop.h"
 #include "ui/icons/IconLoader.h"
 
@@ -21,7 +21,7 @@ private:
     InotifyFolderWatcher watcher_;
     QtMainLoop loop_;
     LinuxServices services_{loop_, watcher_, LinuxServices::Session::connected};
-    QtCompositor compositor_;
+    X11Compositor compositor_;
     IconLoader icons_;
 };
 

@@ -2,12 +2,12 @@
 /// that the arguments ask for. Searches what the query, which begins with a colon, says.
 
 #include "core/controller/PelloController.h"
+#include "platform/linux/X11Compositor.h"
 #include "platform/memory/MemoryBundleReader.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryLoginItem.h"
 #include "platform/memory/MemoryUserDefaults.h"
 #include "platform/memory/MemoryWorkspace.h"
-#include "platform/qt/QtCompositor.h"
 #include "platform/qt/QtMainLoop.h"
 #include "ui/icons/IconLoader.h"
 #include "ui/panel/PanelWindow.h"
@@ -112,7 +112,7 @@ int main(int argc, char** argv) {
     const std::vector<std::string> themes{"Adwaita"};
     IconLoader icons(loop, std::make_shared<NamedIcons>(),
                      std::make_shared<const IconTheme>(themes, IconTheme::standardRoots()));
-    const QtCompositor compositor;
+    const X11Compositor compositor;
     PanelWindow panel(controller, icons, compositor);
     if (options.isSet("notice")) {
         controller.report(options.value("notice").toStdString());

@@ -1,18 +1,13 @@
-#include "platform/qt/QtCompositor.h"
+#include "platform/linux/X11Compositor.h"
 
 #include <QGuiApplication>
-
-#if QT_CONFIG(xcb)
 #include <xcb/xcb.h>
 
 #include <cstdlib>
 #include <memory>
 #include <string_view>
-#endif
 
 namespace pello {
-
-#if QT_CONFIG(xcb)
 
 namespace {
 
@@ -38,7 +33,7 @@ bool isOwned(xcb_connection_t* connection, xcb_atom_t selection) {
 
 } // namespace
 
-bool QtCompositor::isRunning() const {
+bool X11Compositor::isRunning() const {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr) {
         return true;
@@ -46,13 +41,5 @@ bool QtCompositor::isRunning() const {
     static const xcb_atom_t selection = atom(x11->connection(), "_NET_WM_CM_S0");
     return selection != XCB_ATOM_NONE && isOwned(x11->connection(), selection);
 }
-
-#else
-
-bool QtCompositor::isRunning() const {
-    return true;
-}
-
-#endif
 
 } // namespace pello

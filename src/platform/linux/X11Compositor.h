@@ -6,7 +6,7 @@ namespace pello {
 
 /// Asks the display that Qt is connected to. On X11 somebody must own the screen's compositing
 /// selection; on other displays blending is always there.
-class QtCompositor final : public Compositor {
+class X11Compositor final : public Compositor {
 public:
     [[nodiscard]] bool isRunning() const override;
 };

@@ -1,15 +1,10 @@
-#include "platform/qt/QtDisplay.h"
+#include "platform/linux/X11Display.h"
 
 #include <QGuiApplication>
 #include <QString>
-
-#if QT_CONFIG(xcb)
 #include <xcb/xcb.h>
-#endif
 
 namespace pello {
-
-#if QT_CONFIG(xcb)
 
 std::optional<std::string> displayProblem() {
     // Wayland, and platforms chosen by hand, are left to Qt.
@@ -27,13 +22,5 @@ std::optional<std::string> displayProblem() {
     return isReachable ? std::nullopt
                        : std::optional("The display \"" + display + "\" cannot be reached.");
 }
-
-#else
-
-std::optional<std::string> displayProblem() {
-    return std::nullopt;
-}
-
-#endif
 
 } // namespace pello
