@@ -10,7 +10,9 @@ PropertyValue numberValue(NSNumber* number) {
     if (CFGetTypeID((__bridge CFTypeRef)number) == CFBooleanGetTypeID()) {
         return static_cast<bool>(number.boolValue);
     }
-    if (CFNumberIsFloatType((__bridge CFNumberRef)number)) {
+    // An unsigned number above the signed range compares greater than what it reads as.
+    const bool isTooLarge = [number compare:@(number.longLongValue)] == NSOrderedDescending;
+    if (isTooLarge || CFNumberIsFloatType((__bridge CFNumberRef)number)) {
         return number.doubleValue;
     }
     return static_cast<std::int64_t>(number.longLongValue);
