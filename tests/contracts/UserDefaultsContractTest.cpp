@@ -1,8 +1,11 @@
+#include "platform/linux/InotifyFolderWatcher.h"
 #include "platform/linux/PlistUserDefaults.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryLog.h"
 #include "platform/memory/MemoryMainLoop.h"
 #include "platform/memory/MemoryUserDefaults.h"
+#include "platform/qt/QtMainLoop.h"
+#include "support/QtTurns.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -60,13 +63,38 @@ private:
     PlistUserDefaults defaults_{file_, loop_, watcher_, log_};
 };
 
+/// As the program on the desktop has it: real workers, and a kernel that tells of changes.
+class DesktopDriver final : public DefaultsDriver {
+public:
+    UserDefaults& defaults() override { return defaults_; }
+    void settle() override { EXPECT_TRUE(defaults_.flush()); }
+    void setElsewhere(const std::string& key, PropertyValue value) override {
+        bool isHeard = false;
+        const auto listening =
+            defaults_.changedElsewhere.connect([&](const auto& /*keys*/) { isHeard = true; });
+        MemoryMainLoop loop;
+        MemoryFolderWatcher watcher;
+        PlistUserDefaults(file_, loop, watcher, log_).set(key, std::move(value));
+        turnQtUntil([&] { return isHeard; });
+    }
+
+private:
+    const bool isReady_ = (ensureQtApplication(), true);
+    TemporaryFolder folder_;
+    std::filesystem::path file_ = folder_.path() / "made by the defaults/contract.plist";
+    QtMainLoop loop_;
+    InotifyFolderWatcher watcher_;
+    MemoryLog log_;
+    PlistUserDefaults defaults_{file_, loop_, watcher_, log_};
+};
+
 template <class Driver>
 class UserDefaultsContract : public testing::Test {
 protected:
     Driver driver;
 };
 
-using Drivers = testing::Types<MemoryDriver, PlistDriver>;
+using Drivers = testing::Types<MemoryDriver, PlistDriver, DesktopDriver>;
 TYPED_TEST_SUITE(UserDefaultsContract, Drivers);
 
 TYPED_TEST(UserDefaultsContract, EveryTypeReadsBackAtOnceAndAfterAFlush) {

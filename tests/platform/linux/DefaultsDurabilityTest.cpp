@@ -3,8 +3,11 @@
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryLog.h"
 #include "platform/memory/MemoryMainLoop.h"
+#include "platform/qt/QtMainLoop.h"
+#include "support/QtTurns.h"
 #include "support/TemporaryFolder.h"
 
+#include <QCoreApplication>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -147,6 +150,31 @@ TEST_F(DefaultsDurabilityTest, ProcessesThatCountDifferentKeysAtATimeLoseNothing
     for (const char* key : kKeys) {
         EXPECT_EQ(numberIn(values, key), kCount) << key;
     }
+}
+
+TEST_F(DefaultsDurabilityTest, RealWorkersAndFlushesKeepTheOrderOfWhatIsSet) {
+    constexpr std::int64_t kCount = 300;
+    ensureQtApplication();
+    QtMainLoop loop;
+    MemoryFolderWatcher watcher;
+    MemoryLog log;
+    PlistUserDefaults defaults(file, loop, watcher, log);
+    for (std::int64_t n = 1; n <= kCount; ++n) {
+        defaults.set("n", n);
+        defaults.set("key" + std::to_string(n % 7), n);
+        QCoreApplication::processEvents(); // starts a worker, which is at the disk from here on
+        watcher.touch(folder.path());
+        if (n % 5 == 0) {
+            ASSERT_TRUE(defaults.flush());
+            ASSERT_EQ(numberIn(PropertyListFile::load(file).values, "n"), n);
+        }
+    }
+    EXPECT_TRUE(defaults.flush());
+    const auto values = PropertyListFile::load(file).values;
+    for (std::int64_t n = kCount - 6; n <= kCount; ++n) {
+        EXPECT_EQ(numberIn(values, "key" + std::to_string(n % 7)), n);
+    }
+    EXPECT_TRUE(log.lines().empty());
 }
 
 } // namespace
