@@ -20,9 +20,7 @@ target_compile_options(pello_flags INTERFACE
     # clang sees libstdc++ 12 use what it deprecates itself, in std::stable_sort.
     $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>
     # g++ 12 reports variables of std::optional and std::variant that are never read unset.
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
-    # libstdc++ 12 deprecates a function that its own std::stable_sort calls.
-    $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
 if(PELLO_SANITIZE)
     target_compile_options(pello_flags INTERFACE

@@ -31,7 +31,6 @@ template <unsigned Blocks>
         if (Blocks > 2 && found == 0) {
             return false; // one more step would cost more than a branch that was not foreseen
         }
-
         allowed &= PositionMask::aboveLowest(found);
     }
     return found != 0;
@@ -49,10 +48,6 @@ template <unsigned Blocks>
     }
     return true;
 }
-
-} // namespace detail
-
-namespace detail {
 
 template <class Exists>
 inline std::size_t select(std::span<std::uint32_t> slots, Exists exists) {

@@ -4,23 +4,8 @@
 #include "search/FuzzyMatcher.h"
 #include "search/MatchScore.h"
 
-#include <algorithm>
-
 namespace pello {
 namespace {
-
-bool isExactly(const std::string& keyword, const std::vector<std::string>& needle) {
-    const auto characters = bareCharacters(keyword);
-    return std::equal(characters.begin(), characters.end(), needle.begin(), needle.end(),
-                      text::isSameCharacter);
-}
-
-/// Highlights stay within the title: in lower case it can have more characters.
-std::vector<int> clipped(std::vector<int> positions, const std::string& title) {
-    const std::size_t count = text::characterCount(title);
-    std::erase_if(positions, [&](int p) { return static_cast<std::size_t>(p) >= count; });
-    return positions;
-}
 
 std::optional<ItemMatch> matchTitle(const LaunchItem& item, const SearchQuery& query) {
     auto match = FuzzyMatcher::match(query.needle, item.title);
@@ -30,7 +15,7 @@ std::optional<ItemMatch> matchTitle(const LaunchItem& item, const SearchQuery& q
     return ItemMatch{.matched = ItemMatch::Text::title,
                      .text = item.title,
                      .score = match->score,
-                     .titleMatches = clipped(std::move(match->positions), item.title)};
+                     .titleMatches = withinTitle(std::move(match->positions), item.title)};
 }
 
 std::optional<ItemMatch> matchAside(ItemMatch::Text kind, const std::string& text,
@@ -50,7 +35,7 @@ std::optional<ItemMatch> matchAside(ItemMatch::Text kind, const std::string& tex
 std::optional<ItemMatch> matchItem(const LaunchItem& item, const SearchQuery& query) {
     auto best = matchTitle(item, query);
     for (const std::string& keyword : item.keywords) {
-        if (isExactly(keyword, query.needle)) {
+        if (query.isExactly(keyword)) {
             return ItemMatch{.matched = ItemMatch::Text::exactKeyword,
                              .text = keyword,
                              .score = MatchScore::kExactKeyword,
@@ -65,6 +50,12 @@ std::optional<ItemMatch> matchItem(const LaunchItem& item, const SearchQuery& qu
         best = matchAside(ItemMatch::Text::combined, combinedText(item), query);
     }
     return best;
+}
+
+std::vector<int> withinTitle(std::vector<int> positions, std::string_view title) {
+    const std::size_t count = text::characterCount(title);
+    std::erase_if(positions, [&](int p) { return static_cast<std::size_t>(p) >= count; });
+    return positions;
 }
 
 std::string combinedText(const LaunchItem& item) {

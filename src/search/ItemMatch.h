@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pello {
@@ -26,6 +27,9 @@ struct ItemMatch {
 
 /// The match of `item`, or nothing.
 [[nodiscard]] std::optional<ItemMatch> matchItem(const LaunchItem& item, const SearchQuery& query);
+
+/// The positions that lie within `title`: in lower case it can have more characters.
+[[nodiscard]] std::vector<int> withinTitle(std::vector<int> positions, std::string_view title);
 
 /// Title and keywords, joined by single spaces.
 [[nodiscard]] std::string combinedText(const LaunchItem& item);

@@ -9,7 +9,7 @@
 
 #include "search/KeywordIndex.h"
 
-#include "base/Text.h"
+#include "search/Footprint.h"
 #include "search/SearchQuery.h"
 #include "search/TieOrder.h"
 
@@ -19,20 +19,6 @@
 #include <utility>
 
 namespace pello {
-namespace {
-
-template <class Element>
-std::size_t bytesOf(const std::vector<Element>& elements) {
-    return elements.capacity() * sizeof(Element);
-}
-
-bool isExactly(const std::string& keyword, const std::vector<std::string>& query) {
-    const auto characters = bareCharacters(keyword);
-    return std::equal(characters.begin(), characters.end(), query.begin(), query.end(),
-                      text::isSameCharacter);
-}
-
-} // namespace
 
 KeywordIndex::KeywordIndex(std::span<const LaunchItem> items, CharacterCodes& codes) {
     number(items);
@@ -125,7 +111,7 @@ std::vector<std::uint32_t> KeywordIndex::exactly(const SearchQuery& query) const
         std::equal_range(bare_.begin(), bare_.end(), query.needleHash, ByHash{});
     std::vector<std::uint32_t> keywords;
     for (auto bare = first; bare != end; ++bare) {
-        if (isExactly(*originals_[bare->keyword], query.needle)) {
+        if (query.isExactly(*originals_[bare->keyword])) {
             keywords.push_back(bare->keyword);
         }
     }

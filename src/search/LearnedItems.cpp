@@ -25,11 +25,12 @@ bool LearnedItems::mayMatch(const InList& list, const Item& item, std::uint64_t 
 }
 
 void LearnedItems::update() {
-    if (revision_ != usage_.revision() || usage_.now() < asOf_) {
+    const Date now = usage_.now();
+    if (revision_ != usage_.revision() || now < asOf_) {
         known_.clear();
         revision_ = usage_.revision();
-        asOf_ = usage_.now();
     }
+    asOf_ = now;
     std::erase_if(known_, [](const auto& entry) { return entry.second.list.expired(); });
 }
 

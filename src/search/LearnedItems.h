@@ -61,7 +61,7 @@ private:
 
     const UsageStore& usage_;
     std::uint64_t revision_ = 0;
-    Date asOf_;
+    Date asOf_; // the last search
     std::unordered_map<const PreparedList*, Known> known_;
 };
 

@@ -4,7 +4,7 @@
 
 #include "search/ListSearch.h"
 
-#include "base/Text.h"
+#include "search/ItemMatch.h"
 #include "search/MatchScore.h"
 
 #include <algorithm>
@@ -125,8 +125,7 @@ std::vector<int> ListSearch::titleMatches(std::uint32_t item) {
     const std::uint32_t slot = list_.titles().slotOf(item);
     auto positions = matcher_.positions(list_.titles(), slot);
     if (list_.titles().hasCodes(slot)) { // in lower case it may have more characters
-        const std::size_t count = text::characterCount(list_.items()[item].title);
-        std::erase_if(positions, [&](int p) { return static_cast<std::size_t>(p) >= count; });
+        return withinTitle(std::move(positions), list_.items()[item].title);
     }
     return positions;
 }

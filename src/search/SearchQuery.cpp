@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 
+#include <algorithm>
+
 namespace pello {
 namespace {
 
@@ -35,6 +37,12 @@ SearchQuery::SearchQuery(std::string_view typed)
       needle(bareCharacters(trimmed)),
       needleHash(hashOf(needle)),
       allowsCombined(text::containsWhitespace(trimmed)) {}
+
+bool SearchQuery::isExactly(std::string_view keyword) const {
+    const auto characters = bareCharacters(keyword);
+    return std::equal(characters.begin(), characters.end(), needle.begin(), needle.end(),
+                      text::isSameCharacter);
+}
 
 std::vector<std::string> bareCharacters(std::string_view text) {
     return text::characters(text::droppingWhitespace(text::lowercased(text)));

@@ -22,6 +22,9 @@ struct SearchQuery {
 
     /// Nothing was typed but blanks.
     [[nodiscard]] bool isBlank() const { return trimmed.empty(); }
+
+    /// Whether `keyword` is the query, white space and case aside.
+    [[nodiscard]] bool isExactly(std::string_view keyword) const;
 };
 
 /// The characters that decide whether a keyword is the query: lower case, no white space.

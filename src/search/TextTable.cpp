@@ -1,5 +1,6 @@
 #include "search/TextTable.h"
 
+#include "search/Footprint.h"
 #include "search/PositionMask.h"
 #include "search/PresenceMask.h"
 
@@ -7,14 +8,6 @@
 #include <utility>
 
 namespace pello {
-namespace {
-
-template <class Element>
-std::size_t bytesOf(const std::vector<Element>& elements) {
-    return elements.capacity() * sizeof(Element);
-}
-
-} // namespace
 
 void TextTable::add(const PreparedText& text) {
     if (!text.codes.empty()) {

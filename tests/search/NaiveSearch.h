@@ -14,7 +14,8 @@
 
 /// The search as it is defined, done the plain way: every text split and scored anew for every item
 /// and every keystroke, in real numbers, with both tables. What the engine must agree with to the
-/// bit, and what its speed is measured against. Shares no code with it.
+/// bit, and what its speed is measured against. Shares only the text functions, the collation and
+/// the usage store with it, which have tests of their own.
 namespace pello::testing::NaiveSearch {
 
 struct Match {
