@@ -120,12 +120,17 @@ class Desktop:
     def wait_for_active(self, title):
         """Waits until a window of this title has the keyboard, and returns its id."""
 
-        def is_it(line):
+        def active(line):
             window = re.search(r"^_NET_ACTIVE_WINDOW.*(0x[0-9a-f]+)", line)
-            if window and int(window[1], 16):
+            return window[1] if window and int(window[1], 16) else None
+
+        def is_it(line):
+            # The line may be an old one, and its window's id taken again since.
+            window = active(line)
+            if window and window == active(self.run("xprop", "-root", "_NET_ACTIVE_WINDOW")):
                 with contextlib.suppress(subprocess.CalledProcessError):  # it may have gone
-                    if f'"{title}"' in self.run("xprop", "-id", window[1], "WM_NAME"):
-                        return window[1]
+                    if f'"{title}"' in self.run("xprop", "-id", window, "WM_NAME"):
+                        return window
             return None
 
         return self.root.until(is_it, f"the window {title}")
