@@ -166,7 +166,8 @@ const std::string* DesktopEntry::find(std::string_view key) const {
 const std::string* DesktopEntry::findLocalized(std::string_view key,
                                                const std::vector<std::string>& locales) const {
     for (const std::string& locale : locales) {
-        if (const std::string* translated = find(std::string(key) + '[' + locale + ']')) {
+        const std::string* translated = find(std::string(key) + '[' + locale + ']');
+        if (translated != nullptr && !translated->empty()) { // left empty by a translator
             return translated;
         }
     }

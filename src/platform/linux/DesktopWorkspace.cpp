@@ -44,7 +44,7 @@ DesktopWorkspace::~DesktopWorkspace() = default;
 void DesktopWorkspace::openApplication(const std::filesystem::path& application) {
     const auto entry = readDesktopEntry(application);
     const bool isActivatable = entry && entry->flag("DBusActivatable");
-    if (!isActivatable || !context_->bus.isConnected()) {
+    if (!isActivatable) {
         startProcess(application);
         return;
     }

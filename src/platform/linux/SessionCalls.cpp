@@ -4,6 +4,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QStringList>
+#include <QTimer>
 #include <QUrl>
 #include <QVariantMap>
 
@@ -19,6 +20,13 @@ QString fromUtf8(std::string_view text) {
 
 void call(const QDBusConnection& bus, const QDBusMessage& message, QObject& context,
           CallEnded ended) {
+    if (!bus.isConnected()) { // such a call would never end
+        QTimer::singleShot(0, &context, [ended = std::move(ended)] {
+            const QDBusError error(QDBusError::Disconnected, QStringLiteral("no session bus"));
+            ended(&error);
+        });
+        return;
+    }
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), &context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context,
                      [watcher, ended = std::move(ended)] {

@@ -106,8 +106,13 @@ TEST_F(DesktopWorkspaceTest, FailuresAreSentences) {
 TEST_F(DesktopWorkspaceTest, WithoutAFileManagerTheFolderIsOpened) {
     records.addProgram("xdg-open");
     workspace.reveal(folder.write("inner/file", ""));
-    EXPECT_THAT(records.awaitNotes("xdg-open"),
-                ElementsAre((folder.path() / "inner").string() + "\n"));
+    const std::string opened = (folder.path() / "inner").string() + "\n";
+    EXPECT_THAT(records.awaitNotes("xdg-open"), ElementsAre(opened));
+
+    const QDBusConnection nowhere("no session bus");
+    DesktopWorkspace lonely({{{"PATH", records.programs().string() + ":/usr/bin:/bin"}}}, nowhere);
+    lonely.reveal(folder.path() / "inner/file");
+    EXPECT_THAT(records.awaitNotes("xdg-open", 2), ElementsAre(opened, opened));
 }
 
 TEST_F(DesktopWorkspaceTest, MayGoWhileAnswersAreUnderWay) {
