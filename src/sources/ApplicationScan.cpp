@@ -29,6 +29,13 @@ std::vector<fs::directory_entry> children(const fs::path& folder) {
     return entries;
 }
 
+/// Of a text longer than any reader takes in, and than a table of scores should hold, the
+/// beginning.
+std::string_view beginning(std::string_view text) {
+    constexpr std::size_t kMostCharacters = 500;
+    return text.substr(0, text.size() - text::droppingFirst(text, kMostCharacters).size());
+}
+
 /// The extension without its dot; "a." has none.
 std::string extension(const fs::path& path) {
     const std::string dotted = path.extension().string();
@@ -49,7 +56,9 @@ public:
     }
 
     void consider(const fs::path& root, const fs::path& candidate) {
-        if (!identities_.insert(reader_.identity(root, candidate)).second) {
+        const bool isNew = paths_.insert(candidate.native()).second &&
+                           identities_.insert(reader_.identity(root, candidate)).second;
+        if (!isNew) {
             return;
         }
         auto description = reader_.describe(candidate);
@@ -58,13 +67,17 @@ public:
         }
         const std::string shown =
             text::wellFormed(description->name ? *description->name : candidate.stem().string());
-        const std::string_view name = text::trimmingWhitespaceAndControls(shown);
-        if (text::containsLetterOrNumber(name)) {
-            found_.push_back({.url = candidate,
-                              .name = std::string(name),
-                              .bundleIdentifier = std::move(description->bundleIdentifier),
-                              .keywords = std::move(description->keywords)});
+        const std::string_view name = beginning(text::trimmingWhitespaceAndControls(shown));
+        if (!text::containsLetterOrNumber(name)) {
+            return;
         }
+        for (std::string& keyword : description->keywords) {
+            keyword.resize(beginning(keyword).size());
+        }
+        found_.push_back({.url = candidate,
+                          .name = std::string(name),
+                          .bundleIdentifier = std::move(description->bundleIdentifier),
+                          .keywords = std::move(description->keywords)});
     }
 
     std::vector<DiscoveredApplication> takeFound() { return std::move(found_); }
@@ -87,6 +100,8 @@ private:
     }
 
     const BundleReader& reader_;
+    // Both, because one file may lie below several of the folders.
+    std::unordered_set<std::string> paths_;
     std::unordered_set<std::string> identities_;
     std::vector<DiscoveredApplication> found_;
 };

@@ -4,7 +4,7 @@ namespace pello {
 
 std::string MemoryBundleReader::identity(const std::filesystem::path& /*root*/,
                                          const std::filesystem::path& candidate) const {
-    return sharesIdentityByName ? candidate.filename().string() : candidate.string();
+    return candidate.string();
 }
 
 std::optional<BundleDescription>

@@ -18,8 +18,6 @@ public:
     std::vector<std::filesystem::path> folders;
     std::vector<std::filesystem::path> always;
     std::map<std::filesystem::path, BundleDescription> descriptions;
-    /// Identity is the file name instead of the whole path.
-    bool sharesIdentityByName = false;
 
     [[nodiscard]] std::string_view candidateExtension() const override { return extension_; }
     [[nodiscard]] std::vector<std::filesystem::path> standardFolders() const override {
