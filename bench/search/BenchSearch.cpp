@@ -5,8 +5,8 @@
 #include "platform/memory/MemoryUserDefaults.h"
 #include "search/NaiveSearch.h"
 #include "search/Peer.h"
+#include "search/SearchCorpus.h"
 #include "search/SearchEngine.h"
-#include "support/SearchCorpus.h"
 
 #include <benchmark/benchmark.h>
 
@@ -20,7 +20,7 @@ namespace pello::bench {
 namespace {
 
 using testing::NaiveSearch::Shortcut;
-namespace Corpus = testing::SearchCorpus;
+namespace Corpus = SearchCorpus;
 
 constexpr std::ptrdiff_t kLimit = 8;
 constexpr std::size_t kNaiveItems = 10000;

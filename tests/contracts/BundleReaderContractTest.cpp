@@ -6,9 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <future>
-#include <vector>
-
 namespace pello {
 namespace {
 
@@ -72,15 +69,6 @@ protected:
 using Drivers = testing::Types<MemoryDriver, DesktopDriver, InfoPlistDriver>;
 TYPED_TEST_SUITE(BundleReaderContractTest, Drivers);
 
-TYPED_TEST(BundleReaderContractTest, NamesWhatACandidateLooksLikeAndWhereTheyAre) {
-    const fs::path editor = this->driver.editor("editor");
-    EXPECT_EQ(editor.extension().string(), "." + std::string(this->reader().candidateExtension()));
-    EXPECT_FALSE(this->reader().standardFolders().empty());
-    for (const fs::path& folder : this->reader().standardFolders()) {
-        EXPECT_TRUE(folder.is_absolute()) << folder;
-    }
-}
-
 TYPED_TEST(BundleReaderContractTest, DescribesACandidateAndNothingElse) {
     const auto found = this->reader().describe(this->driver.editor("editor"));
     ASSERT_TRUE(found);
@@ -99,23 +87,6 @@ TYPED_TEST(BundleReaderContractTest, IdentityTellsCandidatesOfOneFolderApartWith
     EXPECT_EQ(identity("one"), identity("one"));
     EXPECT_NE(identity("one"), identity("two"));
     EXPECT_NE(identity("one"), identity("inner/one"));
-}
-
-TYPED_TEST(BundleReaderContractTest, SeveralThreadsMayReadAtOnce) {
-    const fs::path editor = this->driver.editor("editor");
-    std::vector<std::future<int>> readers;
-    for (int i = 0; i < 4; ++i) {
-        readers.push_back(std::async(std::launch::async, [&] {
-            int described = 0;
-            for (int n = 0; n < 100; ++n) {
-                described += this->reader().describe(editor) ? 1 : 0;
-            }
-            return described;
-        }));
-    }
-    for (auto& reader : readers) {
-        EXPECT_EQ(reader.get(), 100);
-    }
 }
 
 } // namespace

@@ -97,17 +97,6 @@ TYPED_TEST(FolderWatcherContract, AWatchEndsWithItsSubscriptionAndLeavesTheOther
     EXPECT_EQ(ended, 0);
 }
 
-TYPED_TEST(FolderWatcherContract, TellsOfLaterChangesAgain) {
-    int times = 0;
-    const auto watching = this->watcher->watch(this->watched, this->count(times));
-    this->driver.change(this->watched);
-    this->driver.turnUntil([&] { return times > 0; });
-    this->catchUp();
-    const int before = times;
-    this->driver.change(this->watched);
-    this->driver.turnUntil([&] { return times > before; });
-}
-
 TYPED_TEST(FolderWatcherContract, ACallbackMayEndItsWatchAndStartAnother) {
     int first = 0;
     int second = 0;

@@ -3,10 +3,10 @@
 
 #include "platform/memory/MemoryMainLoop.h"
 #include "platform/memory/MemoryUserDefaults.h"
+#include "search/SearchCorpus.h"
 #include "search/SearchEngine.h"
 #include "support/AllocationCount.h"
 #include "support/LaunchItems.h"
-#include "support/SearchCorpus.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@
 namespace pello {
 namespace {
 
-namespace Corpus = testing::SearchCorpus;
+namespace Corpus = bench::SearchCorpus;
 
 constexpr std::size_t kItems = 10000;
 

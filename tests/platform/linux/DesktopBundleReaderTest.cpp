@@ -123,12 +123,6 @@ TEST_F(DesktopBundleReaderTest, TheIdentifierIsAReverseDomainName) {
     }
 }
 
-TEST_F(DesktopBundleReaderTest, IdentityIsThePathBelowTheFolder) {
-    const DesktopBundleReader reader(environment);
-    EXPECT_EQ(reader.identity("/a/applications", "/a/applications/kde/x.desktop"), "kde-x.desktop");
-    EXPECT_EQ(reader.identity("/a/applications/", "/a/applications/x.desktop"), "x.desktop");
-}
-
 TEST_F(DesktopBundleReaderTest, TheIconIsNamedByTheEntry) {
     set("LC_MESSAGES", "fr");
     const DesktopIconSource icons(environment);

@@ -69,21 +69,14 @@ TEST_F(LaunchPlanTest, WhatCannotBeStartedHasAReason) {
 
 TEST_F(LaunchPlanTest, ATerminalIsChosenAndToldTheCommand) {
     const auto arguments = [&] { return process("Exec=app 'a b'\nTerminal=true\n").arguments; };
-    install("xterm");
-    EXPECT_THAT(arguments(), ElementsAre(installed("xterm"), "-e", "app", "a b"));
     install("kitty");
     EXPECT_THAT(arguments(), ElementsAre(installed("kitty"), "app", "a b"));
-    install("gnome-terminal");
-    EXPECT_THAT(arguments(), ElementsAre(installed("gnome-terminal"), "--", "app", "a b"));
     install("x-terminal-emulator");
+    environment.variables["TERMINAL"] = "not-installed";
     EXPECT_THAT(arguments(), ElementsAre(installed("x-terminal-emulator"), "-e", "app", "a b"));
     install("my-term");
     environment.variables["TERMINAL"] = "my-term";
     EXPECT_THAT(arguments(), ElementsAre(installed("my-term"), "-e", "app", "a b"));
-    environment.variables["TERMINAL"] = installed("kitty");
-    EXPECT_THAT(arguments(), ElementsAre(installed("kitty"), "app", "a b"));
-    environment.variables["TERMINAL"] = "not-installed";
-    EXPECT_THAT(arguments(), ElementsAre(installed("x-terminal-emulator"), "-e", "app", "a b"));
 }
 
 TEST_F(LaunchPlanTest, WhatConcernsThisProcessOnlyIsNotPassedOn) {

@@ -1,4 +1,4 @@
-#include "support/SearchCorpus.h"
+#include "search/SearchCorpus.h"
 
 #include "base/Text.h"
 
@@ -9,7 +9,7 @@
 #include <random>
 #include <string_view>
 
-namespace pello::testing::SearchCorpus {
+namespace pello::bench::SearchCorpus {
 namespace {
 
 using Words = std::vector<std::string>;
@@ -310,4 +310,4 @@ void use(UsageStore& usage, MemoryMainLoop& loop,
     }
 }
 
-} // namespace pello::testing::SearchCorpus
+} // namespace pello::bench::SearchCorpus

@@ -11,7 +11,7 @@
 
 /// A large catalogue as a real desktop might have it, the same on every machine: what is measured
 /// on it, and the work that a search of it takes, can be compared from run to run.
-namespace pello::testing::SearchCorpus {
+namespace pello::bench::SearchCorpus {
 
 /// So many items, by source: applications with the parts of their identifiers, acronyms and
 /// categories as keywords, menu items, documents, settings panes, scripts and addresses. One in
@@ -34,4 +34,4 @@ namespace pello::testing::SearchCorpus {
 void use(UsageStore& usage, MemoryMainLoop& loop,
          const std::vector<std::vector<LaunchItem>>& sources, std::size_t count);
 
-} // namespace pello::testing::SearchCorpus
+} // namespace pello::bench::SearchCorpus
