@@ -1,48 +1,36 @@
 #include "app/ControlClient.h"
 
+#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/XdgFolders.h"
+
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/time.h>
 #include <sys/un.h>
 
 #include <array>
-#include <cstdlib>
 #include <cstring>
 #include <unistd.h>
+#include <utility>
 
 namespace pello {
 namespace {
 
 constexpr timeval kPatience = {.tv_sec = 2, .tv_usec = 0};
 
-/// A descriptor that closes itself.
-class Socket {
-public:
-    Socket() : descriptor_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {}
-    ~Socket() {
-        if (descriptor_ >= 0) {
-            ::close(descriptor_);
-        }
+/// A socket that is connected to whoever listens at `path`.
+FileDescriptor connectedTo(const std::string& path) {
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    if (path.empty() || path.size() >= sizeof address.sun_path) {
+        return FileDescriptor();
     }
-    Socket(const Socket&) = delete;
-    Socket& operator=(const Socket&) = delete;
-
-    [[nodiscard]] int descriptor() const { return descriptor_; }
-
-    [[nodiscard]] bool connect(const std::string& path) const {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        if (descriptor_ < 0 || path.empty() || path.size() >= sizeof address.sun_path) {
-            return false;
-        }
-        std::memcpy(address.sun_path, path.data(), path.size());
-        return ::connect(descriptor_, reinterpret_cast<const sockaddr*>(&address),
-                         sizeof address) == 0;
-    }
-
-private:
-    int descriptor_;
-};
+    std::memcpy(address.sun_path, path.data(), path.size());
+    FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const auto* target = reinterpret_cast<const sockaddr*>(&address);
+    return ::connect(socket.number(), target, sizeof address) == 0 ? std::move(socket)
+                                                                   : FileDescriptor();
+}
 
 std::string readAll(int descriptor) {
     std::string answer;
@@ -59,9 +47,8 @@ std::string readAll(int descriptor) {
 } // namespace
 
 std::string controlSocketPath() {
-    if (const char* runtime = std::getenv("XDG_RUNTIME_DIR");
-        runtime != nullptr && *runtime == '/') {
-        return std::string(runtime) + "/pello.sock";
+    if (const auto runtime = xdgFolders(Environment::ofThisProcess()).runtime) {
+        return *runtime / "pello.sock";
     }
     const std::string folder = "/tmp/pello-" + std::to_string(::getuid());
     ::mkdir(folder.c_str(), S_IRWXU);
@@ -73,17 +60,17 @@ std::string controlSocketPath() {
 }
 
 std::optional<std::string> askRunningLauncher(const std::string& path, std::string_view verb) {
-    const Socket socket;
-    if (!socket.connect(path)) {
+    const FileDescriptor socket = connectedTo(path);
+    if (!socket) {
         return std::nullopt;
     }
-    ::setsockopt(socket.descriptor(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
+    ::setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
     const std::string line = std::string(verb) + "\n";
-    if (::send(socket.descriptor(), line.data(), line.size(), MSG_NOSIGNAL) !=
+    if (::send(socket.number(), line.data(), line.size(), MSG_NOSIGNAL) !=
         static_cast<ssize_t>(line.size())) {
         return std::nullopt;
     }
-    std::string answer = readAll(socket.descriptor());
+    std::string answer = readAll(socket.number());
     if (answer.ends_with('\n')) {
         answer.pop_back();
     }
