@@ -6,15 +6,20 @@
 #include "app/Launcher.h"
 #include "app/QuitSignals.h"
 #include "app/Version.h"
+#include "platform/linux/SingleInstance.h"
 #include "platform/linux/X11Display.h"
 #include "ui/panel/PanelWindow.h"
 
 #include <QApplication>
 
+#include <chrono>
 #include <iostream>
 
 namespace pello {
 namespace {
+
+// What an older launcher gets to write what it knows, before it is ended by force.
+constexpr std::chrono::seconds kPatience{2};
 
 /// The launcher with its panel, and who may tell it what to do.
 class Agent {
@@ -70,10 +75,19 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
         std::cerr << "pello: " << *problem << " \"pello terminal\" needs none.\n";
         return ExitStatus::kNothing;
     }
+    QuitSignals signals; // before anybody may ask this process to end
     const std::string socket = controlSocketPath();
-    // Before anything is read: the older one writes what it knows as it ends.
-    (void)askRunningLauncher(socket, "quit");
-    QuitSignals signals;
+    if (socket.empty()) {
+        std::cerr << "pello: there is no folder of the user's own to listen in\n";
+        return ExitStatus::kNothing;
+    }
+    // Before anything is read: the older one writes what it knows as it ends. Whoever has taken
+    // over is the only one that listens, and the only one that may remove the socket.
+    SingleInstance instance(socket + ".lock");
+    if (const std::string problem = instance.takeOver(kPatience); !problem.empty()) {
+        std::cerr << "pello: " << problem << '\n';
+        return ExitStatus::kNothing;
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName("Pello");
     QApplication::setApplicationVersion(kVersion);

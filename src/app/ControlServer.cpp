@@ -19,9 +19,6 @@ ControlServer::ControlServer(Handler handler) : handler_(std::move(handler)) {
 
 bool ControlServer::listen(const std::string& path) {
     const QString name = QString::fromStdString(path);
-    if (server_.listen(name)) {
-        return true;
-    }
     QLocalServer::removeServer(name);
     return server_.listen(name);
 }

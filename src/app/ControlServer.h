@@ -25,12 +25,9 @@ public:
 
     explicit ControlServer(Handler handler);
 
-    /// Listens at `path`, in place of a socket that a killed launcher left behind. False when that
-    /// is not possible.
+    /// Listens at `path`, in place of whatever socket is there: only for the one launcher that
+    /// runs. False when that is not possible.
     [[nodiscard]] bool listen(const std::string& path);
-
-    /// Stops listening, so that another launcher can take over.
-    void close() { server_.close(); }
 
 private:
     void accept();

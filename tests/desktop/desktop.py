@@ -106,6 +106,19 @@ class Desktop:
         if process.stdout:
             process.stdout.close()
 
+    @staticmethod
+    def first_to_end(processes):
+        """Waits until one of the processes ends, and returns that one and the others."""
+        with selectors.DefaultSelector() as selector, contextlib.ExitStack() as stack:
+            for process in processes:
+                descriptor = os.pidfd_open(process.pid)
+                stack.callback(os.close, descriptor)
+                selector.register(descriptor, selectors.EVENT_READ, process)
+            ended = [key.data for key, _ in selector.select(DEADLINE)]
+        if not ended:
+            raise AssertionError(f"none of {len(processes)} processes ended for {DEADLINE} s")
+        return ended[0], [process for process in processes if process is not ended[0]]
+
     def watch(self, command):
         """Starts `command` and returns its lines as it writes them."""
         process = self.start(["stdbuf", "-oL", *command], stdout=subprocess.PIPE,

@@ -1,5 +1,6 @@
 """The real program on a real display: what a user does from the first summons to the second."""
 import re
+import signal
 import sys
 import unittest
 
@@ -24,6 +25,12 @@ class LauncherTest(unittest.TestCase):
         self.panel = self.desktop.wait_for_active("Pello")
         self.sizes = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_NORMAL_HINTS"])
         return process
+
+    def expect_the_one_that_answers(self):
+        """A panel is open, and its process is the one that verbs reach."""
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.desktop.run(PELLO, "toggle")
+        self.wait_until_closed()
 
     def wait_for_rows(self, count):
         """Waits until the panel is as high as `count` rows make it."""
@@ -104,6 +111,32 @@ class LauncherTest(unittest.TestCase):
         self.desktop.run("xdotool", "mousemove", "100", "60", "click", "1")
         self.assertEqual(self.desktop.wait_for_active("Editor"), editor)
         self.wait_until_closed()
+
+    def test_of_two_started_together_one_stays_and_answers(self):
+        both = [self.desktop.start([PELLO, "--show"]) for _ in range(2)]
+        ended, others = self.desktop.first_to_end(both)
+        self.assertEqual(ended.wait(), 0)
+        self.expect_the_one_that_answers()
+        self.desktop.run(PELLO, "quit")
+        self.assertEqual(others[0].wait(), 0)
+
+    def test_one_that_hangs_is_replaced_for_good(self):
+        hung = self.start_pello()
+        hung.send_signal(signal.SIGSTOP)
+        self.desktop.start([PELLO, "--show"])
+        ended, _ = self.desktop.first_to_end([hung])
+        self.assertEqual(ended.wait(), -signal.SIGKILL)
+        self.expect_the_one_that_answers()
+
+    def test_a_signal_ends_it_in_order(self):
+        pello = self.start_pello()
+        self.desktop.type("beacon")
+        self.wait_for_rows(1)
+        self.desktop.key("Return")
+        self.expect_mark("Alpha Beacon")
+        pello.terminate()
+        self.assertEqual(pello.wait(), 0)
+        self.assertIn("Alpha Beacon", self.first_found("al"))
 
     def test_corners_are_round_without_a_compositor(self):
         self.desktop.run("xsetroot", "-solid", "#336699")
