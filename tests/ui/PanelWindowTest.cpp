@@ -25,18 +25,22 @@ protected:
         QMouseEvent event(type, place, position, button, held, Qt::NoModifier);
         QApplication::sendEvent(list.viewport(), &event);
     }
-    /// Drags from the middle of the search symbol, or further right, by `way`.
+    /// Sends a mouse event to the field; `pointer` is a place on the screen.
+    void mouseInField(QEvent::Type type, QPoint pointer) {
+        QMouseEvent event(type, panel.field().mapFromGlobal(pointer), pointer, Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&panel.field(), &event);
+    }
+    /// Begins a drag from the middle of the search symbol, or further right, by `way`, and returns
+    /// where the pointer is then.
+    QPoint beginDrag(int right, QPoint way) {
+        const QPoint pressed = panel.field().mapToGlobal(QPoint(30 + right, 30));
+        mouseInField(QEvent::MouseButtonPress, pressed);
+        mouseInField(QEvent::MouseMove, pressed + way);
+        return pressed + way;
+    }
     void drag(int right, QPoint way) {
-        const QPoint place(30 + right, 30);
-        const QPoint pressed = panel.field().mapToGlobal(place);
-        const auto send = [&](QEvent::Type type, QPoint pointer) {
-            QMouseEvent event(type, panel.field().mapFromGlobal(pointer), pointer, Qt::LeftButton,
-                              Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(&panel.field(), &event);
-        };
-        send(QEvent::MouseButtonPress, pressed);
-        send(QEvent::MouseMove, pressed + way);
-        send(QEvent::MouseButtonRelease, pressed + way);
+        mouseInField(QEvent::MouseButtonRelease, beginDrag(right, way));
     }
 };
 
@@ -103,6 +107,22 @@ TEST_F(PanelWindowTest, DraggingByAFreePartMovesItAndIsRemembered) {
     EXPECT_NEAR(panel.y(), before.y() + 50, 1);
     controller.resetPanelPlacement();
     EXPECT_EQ(panel.pos(), before);
+}
+
+TEST_F(PanelWindowTest, HidingItEndsADragWhereItIs) {
+    const QPoint before = panel.pos();
+    const QPoint pointer = beginDrag(400, {-30, 50});
+    EXPECT_TRUE(controller.isPanelDragged());
+    press(Qt::Key_Escape);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(panel.isPresented());
+    EXPECT_FALSE(controller.isPanelDragged());
+    controller.show("saf");
+    mouseInField(QEvent::MouseMove, pointer + QPoint(9, 9)); // the button is still held
+    EXPECT_NEAR(panel.x(), before.x() - 30, 1);
+    EXPECT_NEAR(panel.y(), before.y() + 50, 1);
+    controller.resetPanelPlacement();
+    EXPECT_EQ(panel.pos(), before) << "it follows the settings again";
 }
 
 TEST_F(PanelWindowTest, OnlyADisplayThatBlendsGivesRoomToAShadow) {

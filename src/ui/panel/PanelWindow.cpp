@@ -93,7 +93,7 @@ void PanelWindow::present() {
 
 void PanelWindow::dismiss() {
     activationCheck_.stop();
-    grip_.reset();
+    endDrag();
     hide();
 }
 
@@ -279,6 +279,11 @@ void PanelWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PanelWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    endDrag();
+}
+
+/// Leaves the panel where it was dragged to, if it was.
+void PanelWindow::endDrag() {
     grip_.reset();
     if (controller_.isPanelDragged()) {
         const QPoint corner = pos() + QPoint(margin_, margin_);

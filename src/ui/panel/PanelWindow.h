@@ -60,6 +60,7 @@ private:
     void fitHeight();
     void arrange();
     void applyMask();
+    void endDrag();
     [[nodiscard]] QRect body() const;
     [[nodiscard]] QRect screenArea() const;
 
