@@ -5,7 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace pello {
@@ -15,14 +17,22 @@ using testing::ElementsAre;
 using testing::Eq;
 using testing::IsEmpty;
 using testing::Optional;
+using testing::Pair;
 using testing::SizeIs;
 
 /// A panel that notes what it is asked to do.
 class NotingPanel final : public LauncherPanel {
 public:
     void present() override { isShown_ = true; }
-    void dismiss() override { isShown_ = false; }
+    void dismiss() override {
+        isShown_ = false;
+        if (onDismiss) {
+            onDismiss();
+        }
+    }
     [[nodiscard]] bool isPresented() const override { return isShown_; }
+
+    std::function<void()> onDismiss;
 
 private:
     bool isShown_ = false;
@@ -30,7 +40,10 @@ private:
 
 class PelloControllerTest : public testing::Test, protected MemoryLauncher {
 protected:
-    PelloControllerTest() { install({"Safari", "Safe Mode", "Terminal", "Text Editor"}); }
+    explicit PelloControllerTest(Catalogue glyphCatalogue = {})
+        : MemoryLauncher(std::move(glyphCatalogue)) {
+        install({"Safari", "Safe Mode", "Terminal", "Text Editor"});
+    }
 
     NotingPanel panel;
 };
@@ -95,7 +108,14 @@ TEST_F(PelloControllerTest, RunningRecordsHidesAndThenOpens) {
     controller.setPanel(&panel);
     controller.show();
     controller.setQuery(" Saf");
+    bool wasDismissed = false;
+    panel.onDismiss = [&] {
+        wasDismissed = true;
+        EXPECT_THAT(history.entries(), ElementsAre(" Saf"));
+        EXPECT_EQ(usage.boost(idOf("Safari"), "saf"), 0) << "learned only after it is hidden";
+    };
     controller.runSelection();
+    EXPECT_TRUE(wasDismissed);
     EXPECT_FALSE(panel.isPresented());
     EXPECT_THAT(history.entries(), ElementsAre(" Saf"));
     EXPECT_THAT(workspace.openedApplications, IsEmpty()) << "not before the next turn of the loop";
@@ -172,6 +192,36 @@ TEST_F(PelloControllerTest, TypingForgetsThePlaceInTheHistory) {
     EXPECT_EQ(controller.query(), "typed");
 }
 
+TEST_F(PelloControllerTest, ObserversOfARecallSeeWhereItLed) {
+    history.record("same");
+    controller.setQuery("same");
+    std::vector<std::pair<std::string, std::optional<int>>> seen;
+    const auto watching = controller.changed.connect(
+        [&] { seen.emplace_back(controller.query(), controller.historyCursor()); });
+    controller.recallOlder();
+    controller.setQuery("x");
+    controller.recallOlder();
+    controller.recallNewer();
+    EXPECT_THAT(seen, ElementsAre(Pair("same", Optional(0)), Pair("x", std::nullopt),
+                                  Pair("same", Optional(0)), Pair("x", std::nullopt)));
+}
+
+TEST_F(PelloControllerTest, RecallFindsBackFromAHistoryThatShrank) {
+    for (const char* query : {"a", "b", "c", "d"}) {
+        history.record(query);
+    }
+    controller.setQuery("x");
+    for (int i = 0; i < 4; ++i) {
+        controller.recallOlder();
+    }
+    defaults.setElsewhere("query.history", propertyArray({"d", "c"}));
+    controller.recallNewer();
+    EXPECT_EQ(controller.query(), "c");
+    defaults.setElsewhere("query.history", propertyArray({}));
+    controller.recallNewer();
+    EXPECT_EQ(controller.query(), "x");
+}
+
 TEST_F(PelloControllerTest, TogglingPresentsAfreshWithTheFirstRowSelected) {
     controller.setPanel(&panel);
     controller.toggle();
@@ -212,6 +262,59 @@ TEST_F(PelloControllerTest, PruningForgetsOnlyApplicationsThatAreGone) {
     EXPECT_GT(usage.boost(idOf("Text Editor"), ""), 0);
     EXPECT_GT(usage.boost("menu:File/Close", ""), 0);
     EXPECT_GT(usage.boost("pane:network", ""), 0) << "panes were not scanned";
+}
+
+TEST_F(PelloControllerTest, WithoutGlyphsTheirPrefixesMeanNothing) {
+    install({"key cutter"});
+    pick("key c");
+    EXPECT_EQ(usage.boost(idOf("key cutter"), "key c"), 28 + UsageStore::Boost::kBinding);
+    EXPECT_EQ(usage.boost(idOf("key cutter"), "c"), 28) << "that was not what was typed";
+    EXPECT_THAT(found("key c"), ElementsAre("key cutter"));
+}
+
+/// A launcher that knows more glyphs than it shows.
+class GlyphModeTest : public PelloControllerTest {
+protected:
+    static constexpr int kGlyphs = 100;
+
+    static Catalogue manyGlyphs() {
+        std::vector<LaunchItem> items;
+        for (int i = 0; i < kGlyphs; ++i) {
+            items.push_back(
+                {.id = "glyph:" + std::to_string(i), .title = "fire " + std::to_string(i)});
+        }
+        return {PreparedList::make(std::move(items))};
+    }
+
+    GlyphModeTest() : PelloControllerTest(manyGlyphs()) {}
+};
+
+TEST_F(GlyphModeTest, FindsSixtyGlyphsAtMostAndNothingElse) {
+    settings.maximumResults.set(1);
+    EXPECT_THAT(found(":fire"), SizeIs(60));
+    EXPECT_THAT(found("emoji fire 99"), ElementsAre("fire 99"));
+    EXPECT_THAT(found(":safari"), IsEmpty());
+    EXPECT_THAT(found("safari"), ElementsAre("Safari"));
+}
+
+TEST_F(GlyphModeTest, AnEmptySearchBrowsesThemTheLearnedOnesFirst) {
+    usage.record("glyph:70", "");
+    usage.record("glyph:3", "");
+    usage.record("glyph:3", "");
+    const auto browsed = found(": ");
+    ASSERT_THAT(browsed, SizeIs(60));
+    EXPECT_THAT(std::vector(browsed.begin(), browsed.begin() + 6),
+                ElementsAre("fire 3", "fire 70", "fire 0", "fire 1", "fire 2", "fire 4"));
+    EXPECT_EQ(browsed.back(), "fire 58");
+}
+
+TEST_F(GlyphModeTest, WhatIsLearnedForOnePrefixCountsForAll) {
+    pick(":fire 7");
+    const double bound = 28 + UsageStore::Boost::kBinding;
+    EXPECT_EQ(usage.boost("glyph:7", "fire 7"), bound);
+    EXPECT_EQ(usage.boost("glyph:7", ":fire 7"), 28);
+    EXPECT_EQ(found("emoji  fire 7").front(), "fire 7");
+    EXPECT_THAT(history.entries(), ElementsAre(":fire 7"));
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pello {
@@ -19,6 +20,8 @@ namespace pello {
 /// A whole launcher over a folder of applications, on a desktop in memory.
 class MemoryLauncher {
 public:
+    explicit MemoryLauncher(Catalogue glyphCatalogue = {}) : glyphs(std::move(glyphCatalogue)) {}
+
     /// Makes applications of these names and indexes them.
     void install(const std::vector<std::string>& names) {
         for (const std::string& name : names) {
@@ -86,13 +89,15 @@ public:
     UsageStore usage{defaults, loop};
     QueryHistory history{defaults};
     AppIndexer indexer{loop, watcher, bundles, workspace, folder.path()};
+    Catalogue glyphs;
     PelloController controller{{.settings = settings,
                                 .indexer = indexer,
                                 .usage = usage,
                                 .queryHistory = history,
                                 .loop = loop,
                                 .workspace = workspace,
-                                .bundles = bundles}};
+                                .bundles = bundles,
+                                .glyphs = glyphs}};
 };
 
 } // namespace pello

@@ -2,7 +2,6 @@
 
 #include "base/Text.h"
 #include "core/controller/Completion.h"
-#include "core/controller/SearchMode.h"
 #include "search/SearchEngine.h"
 
 #include <algorithm>
@@ -12,7 +11,26 @@ namespace pello {
 namespace {
 
 // Glyphs are browsed rather than picked from the first rows, whatever `maximumResults` says.
-constexpr std::ptrdiff_t kMaximumGlyphResults = 60;
+constexpr std::size_t kMaximumGlyphResults = 60;
+
+/// Glyphs to choose from before anything is searched for: the learned ones, the most used first,
+/// and then all others in their own order.
+std::vector<SearchResult> browsable(const Catalogue& glyphs, const UsageStore& usage) {
+    auto rows = SearchEngine::results("", glyphs, {}, usage, kMaximumGlyphResults);
+    std::unordered_set<const LaunchItem*> learned;
+    for (const SearchResult& row : rows) {
+        learned.insert(row.item.get());
+    }
+    for (const auto& list : glyphs) {
+        for (std::size_t i = 0; i < list->items().size() && rows.size() < kMaximumGlyphResults;
+             ++i) {
+            if (!learned.contains(&list->items()[i])) {
+                rows.push_back({.item = list->ref(i), .score = 0, .titleMatches = {}});
+            }
+        }
+    }
+    return rows;
+}
 
 } // namespace
 
@@ -113,13 +131,18 @@ void PelloController::refresh() {
     setSelection(selection_);
 }
 
+SearchMode PelloController::mode() const {
+    SearchMode mode = SearchMode::of(query_);
+    const bool canBeServed = mode.kind == SearchMode::Kind::glyphs && !parts_.glyphs.empty();
+    return canBeServed ? mode : SearchMode{.kind = SearchMode::Kind::normal, .text = query_};
+}
+
 std::vector<SearchResult> PelloController::search() const {
-    if (!parts_.glyphs.empty()) {
-        const SearchMode mode = SearchMode::of(query_);
-        if (mode.kind == SearchMode::Kind::glyphs) {
-            return SearchEngine::results(mode.text, parts_.glyphs, {}, parts_.usage,
-                                         kMaximumGlyphResults);
-        }
+    const SearchMode now = mode();
+    if (now.kind == SearchMode::Kind::glyphs) {
+        return now.text.empty() ? browsable(parts_.glyphs, parts_.usage)
+                                : SearchEngine::results(now.text, parts_.glyphs, {}, parts_.usage,
+                                                        kMaximumGlyphResults);
     }
     return SearchEngine::results(query_, catalogue(), {}, parts_.usage,
                                  parts_.settings.maximumResults.get());
@@ -167,10 +190,8 @@ void PelloController::run(const LaunchItemRef& item) {
     parts_.queryHistory.record(query_);
     hide();
     if (!item->isEphemeral) {
-        // The glyph learned for ":fire" is the one for "emoji fire" too.
-        const SearchMode mode = SearchMode::of(query_);
-        const bool isGlyphQuery = mode.kind == SearchMode::Kind::glyphs;
-        parts_.usage.record(item->id, isGlyphQuery ? mode.text : query_);
+        // Without its prefix: the glyph learned for ":fire" is the one for "emoji fire" too.
+        parts_.usage.record(item->id, mode().text);
     }
     parts_.loop.post([item] {
         if (item->run) {
@@ -197,22 +218,24 @@ void PelloController::recallNewer() {
     if (!historyCursor_) {
         return;
     }
-    if (*historyCursor_ == 0) {
-        recall(draftQuery_, std::nullopt);
-        return;
-    }
-    const int next = *historyCursor_ - 1;
     const auto& entries = parts_.queryHistory.entries();
-    if (next < static_cast<int>(entries.size())) {
+    // Another process may have shortened the history below the cursor.
+    const int next = std::min(*historyCursor_, static_cast<int>(entries.size())) - 1;
+    if (next < 0) {
+        recall(draftQuery_, std::nullopt);
+    } else {
         recall(entries[static_cast<std::size_t>(next)], next);
     }
 }
 
 void PelloController::recall(std::string text, std::optional<int> cursor) {
+    const Change change(*this);
     isRecallingHistory_ = true;
     setQuery(text);
     isRecallingHistory_ = false;
-    historyCursor_ = cursor;
+    if (std::exchange(historyCursor_, cursor) != cursor) {
+        announce();
+    }
 }
 
 // The panel

@@ -2,6 +2,7 @@
 
 #include "base/Signal.h"
 #include "core/controller/LauncherPanel.h"
+#include "core/controller/SearchMode.h"
 #include "core/items/SearchResult.h"
 #include "core/settings/PelloSettings.h"
 #include "core/settings/QueryHistory.h"
@@ -72,7 +73,8 @@ public:
     void report(std::string_view sentence);
     void dismissNotice();
 
-    /// Emitted after the query, the results, the selection or the notice changed, once per change.
+    /// Emitted after the query, the results, the selection, the notice or the place in the history
+    /// changed, once per change and with all of them final.
     Signal<> changed;
 
     // What the user does
@@ -127,6 +129,8 @@ public:
 
 private:
     [[nodiscard]] const SearchResult* selectedResult() const;
+    /// What the query searches now: a normal search where nothing serves the mode it asks for.
+    [[nodiscard]] SearchMode mode() const;
     [[nodiscard]] std::vector<SearchResult> search() const;
     void replaceResults(std::vector<SearchResult> results);
     void clampSelection();
