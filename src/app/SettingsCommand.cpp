@@ -25,11 +25,12 @@ int get(const SettingsText& settings, const std::string& key) {
     return ExitStatus::kSuccess;
 }
 
-/// Reports a refused change, or writes an accepted one to the disk.
-int finish(const std::optional<std::string>& refusal, UserDefaults& defaults) {
-    if (refusal) {
-        std::cerr << "pello: " << *refusal << '\n';
-        return ExitStatus::kUsage;
+/// Reports a change that was not made, or writes one that was to the disk.
+int finish(const std::optional<SettingsText::Problem>& problem, UserDefaults& defaults) {
+    if (problem) {
+        std::cerr << "pello: " << problem->sentence << '\n';
+        return problem->kind == SettingsText::Problem::Kind::refused ? ExitStatus::kNothing
+                                                                     : ExitStatus::kUsage;
     }
     return defaults.flush() ? ExitStatus::kSuccess : ExitStatus::kNothing;
 }

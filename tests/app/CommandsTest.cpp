@@ -106,6 +106,8 @@ TEST_F(CommandsTest, SettingsLastAndRefuseNonsense) {
     EXPECT_EQ(pello({"settings", "reset", "maximumResults"}).status, 0);
     EXPECT_THAT(pello({"settings", "list"}).output, HasSubstr("\nmaximumResults = 8\n"));
     EXPECT_EQ(pello({"settings", "get", "colour"}).status, 2);
+    home.write("config/autostart", "not a folder");
+    EXPECT_EQ(pello({"settings", "set", "launchAtLogin", "true"}).status, 1);
 }
 
 TEST_F(CommandsTest, SettingsThatCannotBeReadAreSetAsideAndTold) {
@@ -130,8 +132,7 @@ TEST_F(CommandsTest, WithoutALauncherRunningItsVerbsSaySo) {
 TEST_F(CommandsTest, WithoutADisplayTheLauncherSaysSoAndNamesTheTerminal) {
     const Outcome outcome = pello({"--show"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.complaint,
-              "pello: There is no display. \"pello terminal\" needs none.\n");
+    EXPECT_EQ(outcome.complaint, "pello: There is no display. \"pello terminal\" needs none.\n");
 }
 
 TEST_F(CommandsTest, WhatTheTerminalRunsIsLearned) {

@@ -8,22 +8,18 @@
 namespace pello {
 namespace {
 
+using Problem = SettingsText::Problem;
+
 constexpr std::string_view kLaunchAtLogin = "launchAtLogin";
 constexpr std::size_t kQuotedCharacters = 40;
 
 template <class T>
 SettingsText::Entry entryOf(const Setting<T>& setting) {
-    return {.key = setting.key(),
-            .value = SettingForm<T>::text(setting.get()),
-            .defaultValue = SettingForm<T>::text(setting.defaultValue()),
-            .isStored = setting.isStored()};
+    return {.key = setting.key(), .value = SettingForm<T>::text(setting.get())};
 }
 
 SettingsText::Entry entryOf(const LaunchAtLogin& setting) {
-    return {.key = std::string(kLaunchAtLogin),
-            .value = SettingForm<bool>::text(setting.get()),
-            .defaultValue = SettingForm<bool>::text(false),
-            .isStored = setting.get()};
+    return {.key = std::string(kLaunchAtLogin), .value = SettingForm<bool>::text(setting.get())};
 }
 
 std::string quoted(std::string_view text) {
@@ -35,18 +31,20 @@ std::string quoted(std::string_view text) {
     return '"' + shown + (characters.size() > kQuotedCharacters ? "…\"" : "\"");
 }
 
-std::string unknown(std::string_view key) {
-    return "there is no setting " + quoted(key);
+Problem unknown(std::string_view key) {
+    return {.kind = Problem::Kind::notUnderstood, .sentence = "there is no setting " + quoted(key)};
 }
 
 template <class T>
-std::string unfit(std::string_view key, std::string_view text) {
-    return quoted(key) + " takes " + SettingForm<T>::expected(key) + ", not " + quoted(text);
+Problem unfit(std::string_view key, std::string_view text) {
+    return {.kind = Problem::Kind::notUnderstood,
+            .sentence =
+                quoted(key) + " takes " + SettingForm<T>::expected(key) + ", not " + quoted(text)};
 }
 
 /// Sets `setting` to what `text` says, or says why not.
 template <class T>
-std::optional<std::string> setFromText(Setting<T>& setting, std::string_view text) {
+std::optional<Problem> setFromText(Setting<T>& setting, std::string_view text) {
     auto value = SettingForm<T>::parse(text, setting.key());
     if (!value) {
         return unfit<T>(setting.key(), text);
@@ -71,12 +69,13 @@ std::optional<SettingsText::Entry> SettingsText::get(std::string_view key) const
     return found != entries.end() ? std::optional(std::move(*found)) : std::nullopt;
 }
 
-std::optional<std::string> SettingsText::set(std::string_view key, std::string_view text) {
+std::optional<SettingsText::Problem> SettingsText::set(std::string_view key,
+                                                       std::string_view text) {
     if (key == kLaunchAtLogin) {
         const auto value = SettingForm<bool>::parse(text, key);
         return value ? setLaunchAtLogin(*value) : unfit<bool>(key, text);
     }
-    std::optional<std::string> problem = unknown(key);
+    std::optional<Problem> problem = unknown(key);
     settings_.forEach([&](auto& setting) {
         if (setting.key() == key) {
             problem = setFromText(setting, text);
@@ -85,11 +84,11 @@ std::optional<std::string> SettingsText::set(std::string_view key, std::string_v
     return problem;
 }
 
-std::optional<std::string> SettingsText::reset(std::string_view key) {
+std::optional<SettingsText::Problem> SettingsText::reset(std::string_view key) {
     if (key == kLaunchAtLogin) {
         return setLaunchAtLogin(false);
     }
-    std::optional<std::string> problem = unknown(key);
+    std::optional<Problem> problem = unknown(key);
     settings_.forEach([&](auto& setting) {
         if (setting.key() == key) {
             setting.reset();
@@ -99,10 +98,11 @@ std::optional<std::string> SettingsText::reset(std::string_view key) {
     return problem;
 }
 
-std::optional<std::string> SettingsText::setLaunchAtLogin(bool value) {
+std::optional<SettingsText::Problem> SettingsText::setLaunchAtLogin(bool value) {
     settings_.launchAtLogin.set(value);
     if (settings_.launchAtLogin.get() != value) {
-        return "the system refused to change " + quoted(kLaunchAtLogin);
+        return Problem{.kind = Problem::Kind::refused,
+                       .sentence = "the system refused to change " + quoted(kLaunchAtLogin)};
     }
     return std::nullopt;
 }

@@ -15,11 +15,18 @@ public:
     struct Entry {
         std::string key;
         std::string value;
-        std::string defaultValue;
-        /// The user has set it, to whatever value.
-        bool isStored = false;
 
         friend bool operator==(const Entry&, const Entry&) = default;
+    };
+
+    /// Why a setting was not changed.
+    struct Problem {
+        enum class Kind {
+            notUnderstood, ///< no such setting, or a value that it does not take
+            refused        ///< understood, but the system does not do it
+        };
+        Kind kind = Kind::notUnderstood;
+        std::string sentence;
     };
 
     /// `settings` must outlive this object.
@@ -31,13 +38,12 @@ public:
     /// The setting called `key`; nothing when there is none.
     [[nodiscard]] std::optional<Entry> get(std::string_view key) const;
 
-    /// Sets or resets a setting. Nothing when that was done, else a sentence that says why not; the
-    /// setting is then as before.
-    [[nodiscard]] std::optional<std::string> set(std::string_view key, std::string_view text);
-    [[nodiscard]] std::optional<std::string> reset(std::string_view key);
+    /// Sets or resets a setting. Nothing when that was done; else the setting is as before.
+    [[nodiscard]] std::optional<Problem> set(std::string_view key, std::string_view text);
+    [[nodiscard]] std::optional<Problem> reset(std::string_view key);
 
 private:
-    [[nodiscard]] std::optional<std::string> setLaunchAtLogin(bool value);
+    [[nodiscard]] std::optional<Problem> setLaunchAtLogin(bool value);
 
     PelloSettings& settings_;
 };
