@@ -163,8 +163,9 @@ TEST_F(PelloSettingsTest, ListsThatDoNotDecodeStayStoredUntilTheUserChangesThem)
     const auto unreadable = jsonData(R"([{"keyword":"g"}])");
     auto& running = startWith("bangs", unreadable);
     EXPECT_THAT(running.bangs(), SizeIs(6));
-    running.bangs.set(running.bangs()); // a screen that hands back what it shows
     EXPECT_THAT(stored("bangs"), Optional(unreadable));
+    running.bangs.set(running.bangs()); // the choice of what is shown is a choice
+    EXPECT_THAT(stored("bangs"), Optional(jsonData(Bang::encodeList(running.bangs()))));
     running.bangs.set({});
     EXPECT_THAT(stored("bangs"), Optional(jsonData("[]")));
     EXPECT_THAT(start().bangs(), IsEmpty()) << "an empty list is a choice";
@@ -183,7 +184,9 @@ TEST_F(PelloSettingsTest, EmitsOnlyWhenTheValueDidChange) {
     const auto second = running.changed.connect([&] { ++any; });
     running.maximumResults.set(8);
     running.maximumResults.set(9);
+    const int writes = defaults.writeCount();
     running.maximumResults.set(9);
+    EXPECT_EQ(defaults.writeCount(), writes) << "it is there already";
     running.usesGlass.set(false);
     running.maximumResults.reset();
     EXPECT_EQ(own, 2);
@@ -203,6 +206,12 @@ TEST_F(PelloSettingsTest, FollowsAnotherProcess) {
     defaults.setElsewhere("somethingElse", 1);
     EXPECT_EQ(running.activation(), Activation::keyCombo);
     EXPECT_EQ(heard, 1);
+
+    running.includesAudioOutputs.set(true);
+    defaults.setElsewhere("includesSystemCommands", false);
+    EXPECT_FALSE(running.includesSettingsPanes()) << "it inherits";
+    EXPECT_FALSE(running.includesRunningApps());
+    EXPECT_TRUE(running.includesAudioOutputs()) << "it has a value of its own";
 }
 
 TEST_F(PelloSettingsTest, LaunchAtLoginIsWhatThePlatformSays) {

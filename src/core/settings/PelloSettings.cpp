@@ -46,7 +46,8 @@ PelloSettings::searchDirectories(std::span<const std::filesystem::path> standard
 
 void PelloSettings::reload(const std::vector<std::string>& keys) {
     forEach([&keys](auto& setting) {
-        if (std::find(keys.begin(), keys.end(), setting.key()) != keys.end()) {
+        const auto concernsIt = [&](const std::string& key) { return setting.isReadFrom(key); };
+        if (std::any_of(keys.begin(), keys.end(), concernsIt)) {
             setting.reload();
         }
     });

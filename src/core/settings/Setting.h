@@ -44,10 +44,9 @@ public:
 
     /// Takes `value` and writes it to the defaults at once.
     void set(T value) {
-        if (value == value_ && isStored()) {
-            return; // also spares stored data that this version cannot read
+        if (!isStoredAs(value)) {
+            write(value);
         }
-        write(value);
         take(std::move(value));
     }
 
@@ -62,13 +61,9 @@ public:
 
     [[nodiscard]] const std::string& key() const { return key_; }
 
-    /// The value without a stored one under the setting's own key.
-    [[nodiscard]] T defaultValue() const { return readFrom(inheritedKey_).value_or(fallback_); }
-
-    /// Whether the defaults hold anything under the setting's own key.
-    [[nodiscard]] bool isStored() const {
-        const auto keys = scope_.defaults.storedKeys();
-        return std::binary_search(keys.begin(), keys.end(), key_);
+    /// Whether the value may come from `key`: its own, or the one that it inherits from.
+    [[nodiscard]] bool isReadFrom(std::string_view key) const {
+        return key == key_ || key == inheritedKey_;
     }
 
     /// Emitted after the value became another one.
@@ -82,7 +77,16 @@ private:
 
     [[nodiscard]] T read() const {
         auto own = readFrom(key_);
-        return own ? std::move(*own) : defaultValue();
+        return own ? std::move(*own) : readFrom(inheritedKey_).value_or(fallback_);
+    }
+
+    /// Whether the user's own value under the key reads as `value`: a registered or inherited one,
+    /// or one that cannot be read, is none.
+    [[nodiscard]] bool isStoredAs(const T& value) const {
+        const auto keys = scope_.defaults.storedKeys();
+        const auto own =
+            std::binary_search(keys.begin(), keys.end(), key_) ? readFrom(key_) : std::nullopt;
+        return own && *own == value;
     }
 
     void write(const T& value) {
