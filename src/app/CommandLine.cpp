@@ -57,7 +57,11 @@ private:
         query->add_flag("--json", isJson_, "Print JSON");
         query->add_flag("--explain", query_.explains, "Say what made each row's place");
         query->add_option("--limit", query_.limit, "At most this many rows")
-            ->check(CLI::NonNegativeNumber);
+            ->check([](const std::string& text) {
+                const bool isWhole =
+                    !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+                return isWhole ? "" : "takes a whole number from 0, not \"" + text + '"';
+            });
         query->callback([this] {
             query_.text = CLI::detail::join(words_, " ");
             query_.format = isJson_ ? QueryCommand::Format::json : QueryCommand::Format::text;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace pello {
@@ -18,26 +20,21 @@ T command(const std::vector<const char*>& words) {
     return std::get<T>(std::get<Command>(parse(words)));
 }
 
-/// The status that the words end with, and nothing run.
-int status(const std::vector<const char*>& words) {
+/// The status that the words end with, nothing run, and the complaint.
+std::pair<int, std::string> refusal(const std::vector<const char*>& words) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     const auto parsed = parse(words);
     testing::internal::GetCapturedStdout();
-    const std::string complaint = testing::internal::GetCapturedStderr();
+    std::string complaint = testing::internal::GetCapturedStderr();
     const int* code = std::get_if<int>(&parsed);
-    if (code == nullptr) {
-        return -1;
-    }
-    EXPECT_EQ(*code != 0, !complaint.empty()) << "a complaint belongs on standard error";
-    return *code;
+    return {code != nullptr ? *code : -1, std::move(complaint)};
 }
 
-TEST(CommandLineTest, WithoutAVerbRunsTheLauncher) {
-    EXPECT_FALSE(command<AgentCommand>({}).showsPanel);
-    EXPECT_TRUE(command<AgentCommand>({"--show"}).showsPanel);
-    EXPECT_EQ(command<ClientCommand>({"toggle"}).verb, "toggle");
-    EXPECT_EQ(command<ClientCommand>({"quit"}).verb, "quit");
+int status(const std::vector<const char*>& words) {
+    const auto [code, complaint] = refusal(words);
+    EXPECT_EQ(code != 0, !complaint.empty()) << "a complaint belongs on standard error";
+    return code;
 }
 
 TEST(CommandLineTest, AQueryTakesItsWordsTogetherAndOptionsAnywhere) {
@@ -50,15 +47,6 @@ TEST(CommandLineTest, AQueryTakesItsWordsTogetherAndOptionsAnywhere) {
     EXPECT_EQ(json.format, QueryCommand::Format::json);
     EXPECT_TRUE(json.explains);
     EXPECT_EQ(command<QueryCommand>({"query", ""}).text, "");
-}
-
-TEST(CommandLineTest, SettingsVerbsTakeKeyAndValue) {
-    const auto set = command<SettingsCommand>({"settings", "set", "maximumResults", "5"});
-    EXPECT_EQ(set.action, SettingsCommand::Action::set);
-    EXPECT_EQ(set.key, "maximumResults");
-    EXPECT_EQ(set.value, "5");
-    EXPECT_EQ(command<SettingsCommand>({"settings", "reset", "bangs"}).key, "bangs");
-    EXPECT_EQ(command<SettingsCommand>({"settings", "list"}).action, SettingsCommand::Action::list);
 }
 
 TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
@@ -77,6 +65,8 @@ TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
                                                {"toggle", "quit"}}) {
         EXPECT_EQ(status(words), ExitStatus::kUsage) << testing::PrintToString(words);
     }
+    EXPECT_EQ(refusal({"query", "x", "--limit", "-1"}).second,
+              "pello: --limit: takes a whole number from 0, not \"-1\"\nTry 'pello --help'.\n");
 }
 
 } // namespace
