@@ -13,20 +13,21 @@ namespace {
 bool isSame(const pello::PropertyValue& left, const pello::PropertyValue& right) {
     if (const auto* array = left.as<pello::PropertyArray>()) {
         const auto* other = right.as<pello::PropertyArray>();
-        return other &&
+        return other != nullptr &&
                std::equal(array->begin(), array->end(), other->begin(), other->end(), isSame);
     }
     if (const auto* dictionary = left.as<pello::PropertyDictionary>()) {
         const auto* other = right.as<pello::PropertyDictionary>();
-        return other && std::equal(dictionary->begin(), dictionary->end(), other->begin(),
-                                   other->end(), [](const auto& one, const auto& two) {
-                                       return one.first == two.first &&
-                                              isSame(one.second, two.second);
-                                   });
+        return other != nullptr &&
+               std::equal(dictionary->begin(), dictionary->end(), other->begin(), other->end(),
+                          [](const auto& one, const auto& two) {
+                              return one.first == two.first && isSame(one.second, two.second);
+                          });
     }
     const auto* real = left.as<double>();
     const auto* other = right.as<double>();
-    return left == right || (real && other && std::isnan(*real) && std::isnan(*other));
+    return left == right ||
+           (real != nullptr && other != nullptr && std::isnan(*real) && std::isnan(*other));
 }
 
 } // namespace

@@ -16,7 +16,7 @@ struct Line {
     std::string name;
     Value value;
     Goal goal = Goal::none;
-    std::map<std::size_t, double> goals = {}; // by number of items
+    std::map<std::size_t, double> goals; // by number of items
 };
 
 constexpr double kMicro = 1e6;
@@ -34,6 +34,7 @@ std::map<std::size_t, double> everywhere(double goal) {
     return {{1000, goal}, {10000, goal}, {100000, goal}, {1000000, goal}};
 }
 
+// NOLINTBEGIN(modernize-use-designated-initializers): a table
 std::vector<Line> lines() {
     using M = Measurement;
     return {
@@ -86,6 +87,8 @@ std::vector<Line> lines() {
          Goal::atLeast,
          {{10000, 40}}}};
 }
+
+// NOLINTEND(modernize-use-designated-initializers)
 
 std::string cell(const Line& line, const Measurement& measurement) {
     const auto value = line.value(measurement);

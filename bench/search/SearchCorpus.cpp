@@ -270,7 +270,7 @@ std::vector<std::string> queries(const std::vector<std::vector<LaunchItem>>& sou
     Dice dice(7);
     std::vector<std::string> result;
     while (result.size() < count) {
-        std::string whole = text::lowercased(query(anyItem(sources, dice), dice));
+        const std::string whole = text::lowercased(query(anyItem(sources, dice), dice));
         const std::size_t letters = 3 + dice.below(9);
         std::string typed;
         std::size_t length = 0;

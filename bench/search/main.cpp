@@ -46,11 +46,11 @@ std::vector<std::size_t> readOptions(int& argc, char** argv, Effort& effort) {
     std::vector<std::size_t> sizes;
     int kept = 1;
     for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
+        const std::string argument = argv[i];
         if (argument == "--quick") {
             effort = kQuick;
-        } else if (argument.substr(0, 8) == "--items=") {
-            sizes.push_back(std::strtoul(argument.substr(8).data(), nullptr, 10));
+        } else if (argument.starts_with("--items=")) {
+            sizes.push_back(std::strtoul(argument.c_str() + 8, nullptr, 10));
         } else {
             argv[kept++] = argv[i];
         }
@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
     const auto sizes = readOptions(argc, argv, effort);
     std::vector<Measurement> measurements;
     for (const std::size_t items : sizes) {
-        benchmark::RegisterBenchmark(
+        benchmark::RegisterBenchmark( // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): it owns it
             ("keystrokes/" + std::to_string(items)).c_str(),
             [&, items](benchmark::State& state) { keystrokes(state, items, effort, measurements); })
             ->UseManualTime()

@@ -143,8 +143,8 @@ int Collation::compare(std::string_view left, std::string_view right) const {
     if (rules_->collator == nullptr) { // no Unicode data installed: any fixed order will do
         return left.compare(right);
     }
-    if (rules_->ranks) {
-        if (const auto order = compareByRank(*rules_->ranks, left, right)) {
+    if (const auto& ranks = rules_->ranks; ranks) {
+        if (const auto order = compareByRank(*ranks, left, right)) {
             return *order;
         }
     }

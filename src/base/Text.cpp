@@ -30,12 +30,14 @@ struct Scalar {
 #pragma GCC diagnostic ignored "-Wsign-conversion"
 #pragma GCC diagnostic ignored "-Wold-style-cast"
 
+// NOLINTBEGIN(bugprone-inc-dec-in-conditions, readability-simplify-subscript-expr): ICU's macros
+
 /// The scalar that begins at `offset`; malformed bytes give U+FFFD.
 Scalar scalarAt(std::string_view utf8, std::size_t offset) {
     auto index = static_cast<int32_t>(offset);
     UChar32 value = 0;
     U8_NEXT_OR_FFFD(utf8.data(), index, static_cast<int32_t>(utf8.size()), value);
-    return {value, offset, static_cast<std::size_t>(index)};
+    return {.value = value, .begin = offset, .end = static_cast<std::size_t>(index)};
 }
 
 /// The scalar that ends at `offset`.
@@ -43,9 +45,10 @@ Scalar scalarBefore(std::string_view utf8, std::size_t offset) {
     auto index = static_cast<int32_t>(offset);
     UChar32 value = 0;
     U8_PREV_OR_FFFD(utf8.data(), 0, index, value);
-    return {value, static_cast<std::size_t>(index), offset};
+    return {.value = value, .begin = static_cast<std::size_t>(index), .end = offset};
 }
 
+// NOLINTEND(bugprone-inc-dec-in-conditions, readability-simplify-subscript-expr)
 #pragma GCC diagnostic pop
 
 template <class Predicate>
@@ -89,6 +92,7 @@ bool standsAlone(UChar32 scalar) {
         UChar32 first;
         UChar32 last;
     };
+    // NOLINTBEGIN(modernize-use-designated-initializers): a table
     constexpr std::array<Block, 9> kBlocks = {{{0x0000, 0x02FF},   // Latin
                                                {0x0370, 0x0482},   // Greek, Cyrillic
                                                {0x048A, 0x0590},   // Cyrillic, Armenian
@@ -98,6 +102,7 @@ bool standsAlone(UChar32 scalar) {
                                                {0x309B, 0x30FF},   // Katakana
                                                {0x3400, 0x9FFF},   // Han
                                                {0xAC00, 0xD7A3}}}; // Hangul syllables
+    // NOLINTEND(modernize-use-designated-initializers)
     return scalar != '\r' && std::any_of(kBlocks.begin(), kBlocks.end(), [&](Block block) {
                return scalar >= block.first && scalar <= block.last;
            });

@@ -95,7 +95,8 @@ bool TextTable::hasCodes(std::uint32_t slot) const {
 }
 
 ScoredText<char32_t> TextTable::codes(std::uint32_t slot) const {
-    return {{codes_.data() + coded(slot)->begin, length(slot)}, bytes(slot).bonuses};
+    return {.characters = {codes_.data() + coded(slot)->begin, length(slot)},
+            .bonuses = bytes(slot).bonuses};
 }
 
 std::size_t TextTable::footprint() const {

@@ -46,7 +46,8 @@ public:
     /// bonuses.
     [[nodiscard]] ScoredText<std::uint8_t> bytes(std::uint32_t slot) const {
         const std::size_t begin = begins_[slot];
-        return {{bytes_.data() + begin, length(slot)}, {bonuses_.data() + begin, length(slot)}};
+        return {.characters = {bytes_.data() + begin, length(slot)},
+                .bonuses = {bonuses_.data() + begin, length(slot)}};
     }
 
     /// Whether characters other than ASCII are in the text: then its bytes do not tell all.
