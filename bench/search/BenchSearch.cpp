@@ -104,8 +104,7 @@ void timeBuilding(const Effort& effort, Measurement& result) {
 }
 
 void timeNaive(const Desk& desk, const Effort& effort, Measurement& result) {
-    const Effort small = effort;
-    const Desk sampled(std::min(result.items, kNaiveItems), small);
+    const Desk sampled(std::min(result.items, kNaiveItems), effort);
     const double scale = static_cast<double>(result.items) /
                          static_cast<double>(std::min(result.items, kNaiveItems));
     Times engine;
