@@ -34,7 +34,6 @@ std::map<std::size_t, double> everywhere(double goal) {
     return {{1000, goal}, {10000, goal}, {100000, goal}, {1000000, goal}};
 }
 
-// NOLINTBEGIN(modernize-use-designated-initializers): a table
 std::vector<Line> lines() {
     using M = Measurement;
     return {
@@ -87,8 +86,6 @@ std::vector<Line> lines() {
          Goal::atLeast,
          {{10000, 40}}}};
 }
-
-// NOLINTEND(modernize-use-designated-initializers)
 
 std::string cell(const Line& line, const Measurement& measurement) {
     const auto value = line.value(measurement);

@@ -92,7 +92,6 @@ bool standsAlone(UChar32 scalar) {
         UChar32 first;
         UChar32 last;
     };
-    // NOLINTBEGIN(modernize-use-designated-initializers): a table
     constexpr std::array<Block, 9> kBlocks = {{{0x0000, 0x02FF},   // Latin
                                                {0x0370, 0x0482},   // Greek, Cyrillic
                                                {0x048A, 0x0590},   // Cyrillic, Armenian
@@ -102,7 +101,6 @@ bool standsAlone(UChar32 scalar) {
                                                {0x309B, 0x30FF},   // Katakana
                                                {0x3400, 0x9FFF},   // Han
                                                {0xAC00, 0xD7A3}}}; // Hangul syllables
-    // NOLINTEND(modernize-use-designated-initializers)
     return scalar != '\r' && std::any_of(kBlocks.begin(), kBlocks.end(), [&](Block block) {
                return scalar >= block.first && scalar <= block.last;
            });

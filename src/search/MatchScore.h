@@ -35,7 +35,7 @@ inline constexpr double kTop = std::numeric_limits<double>::infinity();
 /// operations is part of the result: scores are compared exactly.
 [[nodiscard]] inline double score(int total, std::size_t textLength, std::size_t queryLength,
                                   std::size_t start) {
-    const double surplus = static_cast<double>(textLength - queryLength);
+    const auto surplus = static_cast<double>(textLength - queryLength);
     return static_cast<double>(total) - kSurplus * surplus -
            kFirstPosition * static_cast<double>(start);
 }

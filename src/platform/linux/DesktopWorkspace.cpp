@@ -30,14 +30,14 @@ std::string inQuotes(std::string_view name) {
 
 /// What answers that are under way belong to: they end with it.
 struct DesktopWorkspace::Context {
-    explicit Context(const QDBusConnection& connection) : bus(connection) {}
+    explicit Context(QDBusConnection connection) : bus(std::move(connection)) {}
 
     QDBusConnection bus;
     QObject receiver;
 };
 
-DesktopWorkspace::DesktopWorkspace(Environment environment, const QDBusConnection& bus)
-    : environment_(std::move(environment)), context_(std::make_unique<Context>(bus)) {}
+DesktopWorkspace::DesktopWorkspace(Environment environment, QDBusConnection bus)
+    : environment_(std::move(environment)), context_(std::make_unique<Context>(std::move(bus))) {}
 
 DesktopWorkspace::~DesktopWorkspace() = default;
 

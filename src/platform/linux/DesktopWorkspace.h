@@ -19,7 +19,7 @@ class DesktopWorkspace final : public Workspace {
 public:
     /// What is started gets `environment`, less what concerns only this process. Calls go over
     /// `bus`, which need not be connected.
-    DesktopWorkspace(Environment environment, const QDBusConnection& bus);
+    DesktopWorkspace(Environment environment, QDBusConnection bus);
     ~DesktopWorkspace() override;
     DesktopWorkspace(const DesktopWorkspace&) = delete;
     DesktopWorkspace& operator=(const DesktopWorkspace&) = delete;

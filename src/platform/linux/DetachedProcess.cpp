@@ -40,7 +40,8 @@ struct Layout {
     explicit Layout(const ProcessPlan& plan)
         : program(plan.program.c_str()), folder(plan.folder.c_str()) {
         for (const auto& [name, value] : plan.environment.variables) {
-            lines.push_back(name + '=' + value);
+            lines.push_back(name);
+            lines.back().append("=").append(value);
         }
         arguments = pointers(plan.arguments);
         environment = pointers(lines);
@@ -79,7 +80,9 @@ void resetSignals() {
 void resetDescriptors() {
     const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        ::dup2(nowhere, stream);
+        if (nowhere >= 0) {
+            ::dup2(nowhere, stream);
+        }
     }
     if (::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC) == 0) {
         return;

@@ -101,7 +101,7 @@ void FileLog::write(LogCategory category, LogLevel level, std::string_view messa
     }
     if (log) {
         // In one piece, so that lines of several processes do not mix.
-        static_cast<void>(!::write(log.number(), line.data(), line.size()));
+        [[maybe_unused]] const ssize_t written = ::write(log.number(), line.data(), line.size());
     }
 }
 

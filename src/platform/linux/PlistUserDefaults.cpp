@@ -41,9 +41,10 @@ PlistUserDefaults::PlistUserDefaults(std::filesystem::path file, MainLoop& loop,
       watcher_(watcher),
       log_(log),
       turnstile_(std::make_shared<Turnstile>()) {
-    static_cast<void>(makePrivateFolder(file_.parent_path())); // the first write will complain
+    [[maybe_unused]] const auto failure = // the first write will complain
+        makePrivateFolder(file_.parent_path());
     watchFolders(); // before reading, so that no change falls in between
-    SyncOutcome outcome = openDefaults(file_, loop_.now());
+    const SyncOutcome outcome = openDefaults(file_, loop_.now());
     stamp_ = outcome.stamp;
     onDisk_ = outcome.contents.value_or(PropertyDictionary{});
     stored_ = onDisk_;

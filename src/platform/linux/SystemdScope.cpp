@@ -23,6 +23,9 @@ struct AuxiliaryUnit {
     QList<UnitProperty> properties;
 };
 
+// How Qt writes and reads structures: by operators of this very shape.
+// NOLINTBEGIN(misc-use-internal-linkage, bugprone-return-const-ref-from-parameter)
+
 QDBusArgument& operator<<(QDBusArgument& argument, const UnitProperty& property) {
     argument.beginStructure();
     argument << property.name << property.value;
@@ -50,6 +53,8 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, AuxiliaryUnit& un
     argument.endStructure();
     return argument;
 }
+
+// NOLINTEND(misc-use-internal-linkage, bugprone-return-const-ref-from-parameter)
 
 } // namespace pello
 
