@@ -134,13 +134,17 @@ inline void findPlaces(Query query, std::span<const std::uint8_t> text,
                        std::span<std::uint64_t> places) {
     switch (PositionMask::blocks(text.size())) {
     case 1:
-        return detail::findPlaces<1>(query, text.data(), text.size(), places);
+        detail::findPlaces<1>(query, text.data(), text.size(), places);
+        break;
     case 2:
-        return detail::findPlaces<2>(query, text.data(), text.size(), places);
+        detail::findPlaces<2>(query, text.data(), text.size(), places);
+        break;
     case 3:
-        return detail::findPlaces<3>(query, text.data(), text.size(), places);
+        detail::findPlaces<3>(query, text.data(), text.size(), places);
+        break;
     default:
-        return detail::findPlaces<4>(query, text.data(), text.size(), places);
+        detail::findPlaces<4>(query, text.data(), text.size(), places);
+        break;
     }
 }
 

@@ -45,8 +45,9 @@ const LearnedItems::InList& LearnedItems::in(const PreparedList& list) {
 
 LearnedItems::InList LearnedItems::find(const PreparedList& list) const {
     InList found;
-    for (const auto& [id, record] : usage_.records()) {
-        list.ids().find(id, list.items(), [&](std::uint32_t index) {
+    for (const auto& known : usage_.records()) {
+        const UsageStore::Record& record = known.second;
+        list.ids().find(known.first, list.items(), [&](std::uint32_t index) {
             const auto firstMask = static_cast<std::uint32_t>(found.masks.size());
             const TextTable& titles = list.titles();
             const TextTable& keywords = list.keywords().texts();

@@ -35,6 +35,7 @@ inline constexpr std::size_t kMostPositions = 64;
 
 /// The bits below the highest set bit of `mask`, which is not 0.
 [[nodiscard]] constexpr std::uint64_t belowHighest(std::uint64_t mask) {
+    // NOLINTNEXTLINE(clang-analyzer-core.BitwiseShift): the mask is not 0
     return (std::uint64_t{1} << (std::bit_width(mask) - 1)) - 1;
 }
 

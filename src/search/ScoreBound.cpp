@@ -131,10 +131,8 @@ double ScoreBound::byBonuses(std::span<std::uint64_t> fits,
         const int best = planes.best(fits[i]);
         const bool isNext = next != 0;
         gross += isNext ? std::max(best, kConsecutiveBonus) : best;
-        const int nextNet = !isNext                          ? -kSkipped
-                            : (next & planes.separator) != 0 ? kSeparatorBonus
-                                                             : kConsecutiveBonus;
-        net += std::max(best - kSkipped, nextNet);
+        const int inRun = (next & planes.separator) != 0 ? kSeparatorBonus : kConsecutiveBonus;
+        net += std::max(best - kSkipped, isNext ? inRun : -kSkipped);
     }
     const int skipped = (end - static_cast<int>(fits.size()) + 1) * kSkipped;
     const double surplus = kSurplus * static_cast<double>(bonuses.size() - count_);
