@@ -21,12 +21,11 @@ namespace {
 // What an older launcher gets to write what it knows, before it is ended by force.
 constexpr std::chrono::seconds kPatience{2};
 
-/// The launcher with its panel, and who may tell it what to do.
+/// The launcher with its panel, and who may tell it what to do. Needs the application object.
 class Agent {
 public:
-    explicit Agent(QApplication& application)
-        : application_(application),
-          launcher_(platform_.ports()),
+    Agent()
+        : launcher_(platform_.ports()),
           panel_(launcher_.controller(), platform_.icons(), platform_.compositor()),
           server_([this](std::string_view verb) { return answer(verb); }) {}
 
@@ -55,13 +54,12 @@ private:
             return {.line = std::string(kDone)};
         }
         if (verb == "quit") {
-            platform_.ports().loop.post([this] { application_.quit(); });
+            platform_.ports().loop.post([this] { QApplication::quit(); });
             return {.line = std::string(kDone), .then = Answer::Then::holdTheLine};
         }
         return {.line = "the running launcher does not know \"" + std::string(verb) + '"'};
     }
 
-    QApplication& application_;
     DesktopPlatform platform_;
     Launcher launcher_;
     PanelWindow panel_;
@@ -88,13 +86,13 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
         std::cerr << "pello: " << problem << '\n';
         return ExitStatus::kNothing;
     }
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QApplication::setApplicationName("Pello");
     QApplication::setApplicationVersion(kVersion);
     QApplication::setDesktopFileName("is.tolva.pello");
     QApplication::setQuitOnLastWindowClosed(false);
     signals.deliver([] { QApplication::quit(); });
-    Agent agent(application);
+    Agent agent;
     int status = ExitStatus::kNothing;
     if (agent.start(socket, command)) {
         status = QApplication::exec();

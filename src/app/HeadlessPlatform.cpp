@@ -5,7 +5,9 @@
 
 #include <QCoreApplication>
 
+#include <array>
 #include <chrono>
+#include <string>
 
 namespace pello {
 namespace {
@@ -20,9 +22,9 @@ struct HeadlessPlatform::Adapters {
     explicit Adapters(LinuxServices::Session session) : services(loop, watcher, session) {}
 
     int argumentCount = 1;
-    char name[6] = "pello";
-    char* arguments[2] = {name, nullptr};
-    QCoreApplication application{argumentCount, arguments};
+    std::string name = "pello";
+    std::array<char*, 2> arguments = {name.data(), nullptr};
+    QCoreApplication application{argumentCount, arguments.data()};
     MemoryMainLoop loop{wallClock()};
     MemoryFolderWatcher watcher; // one command is over before anything changes
     LinuxServices services;

@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <variant>
 
+// An exception that gets this far is a fault of ours; ending at once tells of it best.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
     const auto parsed = pello::parseCommandLine(argc, argv);
     if (const int* status = std::get_if<int>(&parsed)) {

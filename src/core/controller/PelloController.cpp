@@ -51,7 +51,7 @@ private:
     PelloController& controller_;
 };
 
-PelloController::PelloController(const ControllerParts& parts) : parts_(parts) {
+PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts)) {
     parts_.indexer.onIndexChanged = [this] { sourcesChanged(); };
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
         configureIndexer();
@@ -179,10 +179,10 @@ void PelloController::runSelection() {
 
 void PelloController::revealSelection() {
     const SearchResult* result = selectedResult();
-    if (result != nullptr && result->item->revealURL) {
-        const auto file = *result->item->revealURL;
+    const auto file = result != nullptr ? result->item->revealURL : std::nullopt;
+    if (file) {
         hide();
-        parts_.workspace.reveal(file);
+        parts_.workspace.reveal(*file);
     }
 }
 
@@ -228,7 +228,7 @@ void PelloController::recallNewer() {
     }
 }
 
-void PelloController::recall(std::string text, std::optional<int> cursor) {
+void PelloController::recall(std::string_view text, std::optional<int> cursor) {
     const Change change(*this);
     isRecallingHistory_ = true;
     setQuery(text);

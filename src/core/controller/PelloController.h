@@ -31,7 +31,7 @@ struct ControllerParts {
     Workspace& workspace;
     const BundleReader& bundles;
     /// What glyph searches search. Without glyphs their prefixes mean nothing special.
-    Catalogue glyphs = {};
+    Catalogue glyphs;
 };
 
 /// Owns the launcher's state: what is typed, what was found, which row is selected.
@@ -42,7 +42,7 @@ class PelloController {
 public:
     enum class Pruning { keepAll, forgetMissing };
 
-    explicit PelloController(const ControllerParts& parts);
+    explicit PelloController(ControllerParts parts);
 
     // What the panel shows
 
@@ -134,7 +134,7 @@ private:
     [[nodiscard]] std::vector<SearchResult> search() const;
     void replaceResults(std::vector<SearchResult> results);
     void clampSelection();
-    void recall(std::string text, std::optional<int> cursor);
+    void recall(std::string_view text, std::optional<int> cursor);
     void configureIndexer();
     void sourcesChanged();
     void pruneUsage();

@@ -16,7 +16,6 @@ constexpr QRgb kRed = 0xffbf4a42;
 constexpr QRgb kSlate = 0xff516079;
 constexpr QRgb kTeal = 0xff2d7d8f;
 
-// NOLINTBEGIN(modernize-use-designated-initializers): a table, its columns are the struct's.
 constexpr SymbolDrawing kAnyAction = {"", "system-run-symbolic", "›", kSlate};
 
 constexpr auto kDrawings = std::to_array<SymbolDrawing>({
@@ -64,13 +63,13 @@ constexpr auto kDrawings = std::to_array<SymbolDrawing>({
     {"wifi", "network-wireless-symbolic", "≈", kBlue},
     {"xmark.circle", "process-stop-symbolic", "✕", kRed},
 });
-// NOLINTEND(modernize-use-designated-initializers)
 static_assert(std::ranges::is_sorted(kDrawings, {}, &SymbolDrawing::symbol));
 
 } // namespace
 
 const SymbolDrawing& drawingOf(std::string_view symbol) {
-    const auto found = std::ranges::lower_bound(kDrawings, symbol, {}, &SymbolDrawing::symbol);
+    const auto* const found =
+        std::ranges::lower_bound(kDrawings, symbol, {}, &SymbolDrawing::symbol);
     return found != kDrawings.end() && found->symbol == symbol ? *found : kAnyAction;
 }
 

@@ -36,7 +36,7 @@ bool PanelKeys::handle(const QKeyEvent& event) {
     if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9) {
         return runRow(event.key() - Qt::Key_1);
     }
-    const auto found = std::ranges::find_if(kBindings, [&](const Binding& binding) {
+    const auto* const found = std::ranges::find_if(kBindings, [&](const Binding& binding) {
         return binding.key == event.key() && binding.modifiers == modifiers;
     });
     return found != kBindings.end() && (this->*found->action)();

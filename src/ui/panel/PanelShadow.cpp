@@ -1,6 +1,7 @@
 #include "ui/panel/PanelShadow.h"
 
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 namespace pello {
@@ -16,7 +17,7 @@ constexpr double kDrop = 0.2;      // how far the shadow falls, in margins
 /// one multiplication for each pixel.
 std::vector<double> blurredSide(int count, double start, double end, double deviation) {
     std::vector<double> side(static_cast<std::size_t>(count));
-    const double width = deviation * std::sqrt(2.0);
+    const double width = deviation * std::numbers::sqrt2;
     for (std::size_t i = 0; i < side.size(); ++i) {
         const double at = static_cast<double>(i) + 0.5;
         side[i] = (std::erf((at - start) / width) - std::erf((at - end) / width)) / 2;

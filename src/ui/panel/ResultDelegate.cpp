@@ -70,9 +70,10 @@ QRect ResultDelegate::paintAccessory(QPainter& painter, const QRect& area,
                                      const QStyleOptionViewItem& option,
                                      const LaunchItem& item) const {
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-    const QString text = item.accessory && !item.accessory->empty() ? lineOf(*item.accessory)
-                         : isSelected                               ? QStringLiteral("↩")
-                                                                    : QString();
+    QString text = isSelected ? QStringLiteral("↩") : QString();
+    if (item.accessory && !item.accessory->empty()) {
+        text = lineOf(*item.accessory);
+    }
     if (text.isEmpty()) {
         return area;
     }

@@ -77,8 +77,8 @@ void TerminalFrontEnd::showRows() {
     for (const SearchResult& result : controller_.results()) {
         ++number;
         output_ << std::setw(2) << number << "  " << result.item->title;
-        if (result.item->subtitle) {
-            output_ << "  (" << *result.item->subtitle << ')';
+        if (const auto& subtitle = result.item->subtitle; subtitle) {
+            output_ << "  (" << *subtitle << ')';
         }
         output_ << '\n';
     }
@@ -89,8 +89,8 @@ void TerminalFrontEnd::showRows() {
 }
 
 void TerminalFrontEnd::showNotice() {
-    if (controller_.notice()) {
-        output_ << "! " << *controller_.notice() << '\n';
+    if (const auto& notice = controller_.notice(); notice) {
+        output_ << "! " << *notice << '\n';
         controller_.dismissNotice();
     }
 }
