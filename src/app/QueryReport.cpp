@@ -36,12 +36,24 @@ std::string learnedLine(const UsageStore::Boost& boost) {
     return line + '\n';
 }
 
+std::string_view tieWords(SearchExplanation::OrderedBy order) {
+    switch (order) {
+    case SearchExplanation::OrderedBy::score:
+        return "";
+    case SearchExplanation::OrderedBy::kind:
+        return "; scored as the row above, after it by kind";
+    case SearchExplanation::OrderedBy::name:
+        return "; scored as the row above, after it by name";
+    case SearchExplanation::OrderedBy::catalogue:
+        return "; scored as the row above, after it by its place in the catalogue";
+    }
+    return "";
+}
+
 std::string placeLine(const SearchExplanation& row) {
     std::string line = "    in all: " + number(row.result.score);
-    if (row.isTiedWithRowAbove) {
-        line += ", as the row above; after it by kind, name or place in the catalogue";
-    }
-    return line + ", kind priority " + std::to_string(row.kindPriority) + '\n';
+    line += ", kind priority " + std::to_string(row.kindPriority);
+    return line + std::string(tieWords(row.orderedBy)) + '\n';
 }
 
 std::string textRow(const SearchExplanation& row, const QueryCommand& command) {
@@ -58,10 +70,9 @@ std::string textRow(const SearchExplanation& row, const QueryCommand& command) {
 }
 
 Json explanation(const SearchExplanation& row) {
-    Json parts = {
-        {"origin", originName(row)},        {"recency", row.boost.recency},
-        {"frequency", row.boost.frequency}, {"binding", row.boost.binding},
-        {"kindPriority", row.kindPriority}, {"isTiedWithRowAbove", row.isTiedWithRowAbove}};
+    Json parts = {{"origin", originName(row)},        {"recency", row.boost.recency},
+                  {"frequency", row.boost.frequency}, {"binding", row.boost.binding},
+                  {"kindPriority", row.kindPriority}, {"orderedBy", orderName(row.orderedBy)}};
     if (row.match) {
         parts["matchedText"] = row.match->text;
         parts["matchScore"] = row.match->score;

@@ -23,7 +23,39 @@ SearchExplanation explained(SearchResult row, const SearchQuery& query, const Us
     return explanation;
 }
 
+/// What decided between two rows that the catalogue gave, one below the other.
+SearchExplanation::OrderedBy decision(const SearchExplanation& above,
+                                      const SearchExplanation& row) {
+    using OrderedBy = SearchExplanation::OrderedBy;
+    if (above.origin != row.origin || above.result.score != row.result.score) {
+        return OrderedBy::score;
+    }
+    if (row.origin == SearchExplanation::Origin::learned) {
+        return OrderedBy::catalogue;
+    }
+    const LaunchItem& first = *above.result.item;
+    const LaunchItem& second = *row.result.item;
+    if (TieOrder::isDecidedByKind(first, second)) {
+        return OrderedBy::kind;
+    }
+    return TieOrder::compare(first, second) != 0 ? OrderedBy::name : OrderedBy::catalogue;
+}
+
 } // namespace
+
+std::string_view orderName(SearchExplanation::OrderedBy order) {
+    switch (order) {
+    case SearchExplanation::OrderedBy::score:
+        return "score";
+    case SearchExplanation::OrderedBy::kind:
+        return "kind";
+    case SearchExplanation::OrderedBy::name:
+        return "name";
+    case SearchExplanation::OrderedBy::catalogue:
+        return "catalogue";
+    }
+    return "score";
+}
 
 std::string_view originName(const SearchExplanation& explanation) {
     switch (explanation.origin) {
@@ -66,7 +98,7 @@ std::vector<SearchExplanation> SearchEngine::explain(std::string_view query,
         const auto from = origin(row);
         auto next = explained(std::move(row), prepared, usage, from);
         if (!explanations.empty() && from != SearchExplanation::Origin::quickAction) {
-            next.isTiedWithRowAbove = explanations.back().result.score == next.result.score;
+            next.orderedBy = decision(explanations.back(), next);
         }
         explanations.push_back(std::move(next));
     }

@@ -24,15 +24,24 @@ struct SearchExplanation {
     std::optional<ItemMatch> match;
     /// What was learned about the item.
     UsageStore::Boost boost;
-    /// Of two equal scores the higher priority is first, then the title in the locale's order,
-    /// then the catalogue's order.
+    /// Of two equal scores the higher priority is first.
     int kindPriority = 0;
-    /// The row above has the same score: one of the rules for ties set the order.
-    bool isTiedWithRowAbove = false;
+
+    /// What put this row after the one above.
+    enum class OrderedBy {
+        score,    ///< a lower score, or there is no row above
+        kind,     ///< the same score and a lower kind priority
+        name,     ///< the same kind priority, too, and a later title in the locale's order
+        catalogue ///< an equal title, too (learned rows: the same boost): a later place there
+    };
+    OrderedBy orderedBy = OrderedBy::score;
 };
 
 /// The result's `Origin` and the matched text in words, for a listing: "title", "keyword",
 /// "exact keyword", "combined", "quick action", "learned".
 [[nodiscard]] std::string_view originName(const SearchExplanation& explanation);
+
+/// "score", "kind", "name" or "catalogue".
+[[nodiscard]] std::string_view orderName(SearchExplanation::OrderedBy order);
 
 } // namespace pello

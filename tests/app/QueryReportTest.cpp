@@ -16,13 +16,6 @@ SearchExplanation row(LaunchItem item, double score) {
     return {.result = {.item = std::make_shared<LaunchItem>(std::move(item)), .score = score}};
 }
 
-TEST(QueryReportTest, TextIsALinePerRow) {
-    const std::vector rows = {row({.id = "app:a", .title = "Alpha", .subtitle = "~/Apps"}, 3),
-                              row({.id = "app:b", .title = "Beta"}, 2)};
-    EXPECT_EQ(queryReport(rows, {}), "Alpha\t~/Apps\nBeta\n");
-    EXPECT_EQ(queryReport({}, {}), "");
-}
-
 TEST(QueryReportTest, ExplanationsNameWhatMadeThePlace) {
     auto explained = row({.id = "app:a", .title = "Alpha"}, 480);
     explained.match = {.matched = ItemMatch::Text::keyword, .text = "first", .score = 52};
@@ -33,6 +26,9 @@ TEST(QueryReportTest, ExplanationsNameWhatMadeThePlace) {
     EXPECT_THAT(report, HasSubstr("+400.00"));
     EXPECT_THAT(report, HasSubstr("in all: 480.00"));
     EXPECT_THAT(report, Not(HasSubstr("row above")));
+    explained.orderedBy = SearchExplanation::OrderedBy::name;
+    EXPECT_THAT(queryReport(std::vector{explained}, {.explains = true}),
+                HasSubstr("row above, after it by name"));
 }
 
 TEST(QueryReportTest, JsonIsAlwaysValid) {

@@ -210,10 +210,29 @@ TEST_F(SearchEngineTest, ExplainsWhatMadeEachPlace) {
     EXPECT_EQ(rows[0].match->score + rows[0].boost.sum(), rows[0].result.score);
     EXPECT_EQ(rows[4].match->text, "safes");
     EXPECT_EQ(rows[2].kindPriority, 1);
-    EXPECT_TRUE(rows[3].isTiedWithRowAbove);
-    EXPECT_FALSE(rows[2].isTiedWithRowAbove);
     EXPECT_EQ(originName(explained("un fx")[0]), "combined");
     EXPECT_EQ(originName(explained("")[0]), "learned");
+}
+
+TEST_F(SearchEngineTest, ExplainsWhatDecidedBetweenEqualScores) {
+    add({{"Zeta", {}, Kind::command, "3"},
+         {"Zeta", {}, Kind::application, "1"},
+         {"Beta", {}, Kind::command, "2"},
+         {"Zeta", {}, Kind::command, "4"},
+         {"Zeta Mode", {}, Kind::application, "5"}});
+    actions_ = {sharedItem({"web", {}, Kind::webSearch})};
+    const auto decisions = [this](std::string_view query) {
+        std::vector<std::string> found;
+        for (const auto& row : explained(query)) {
+            found.push_back(row.result.item->id + ' ' + std::string(orderName(row.orderedBy)));
+        }
+        return found;
+    };
+    EXPECT_THAT(decisions("eta"),
+                ElementsAre("1 score", "2 kind", "3 name", "4 catalogue", "5 score", "web score"));
+    usage_.record("4", "");
+    usage_.record("3", "");
+    EXPECT_THAT(decisions(""), ElementsAre("3 score", "4 catalogue"));
 }
 
 } // namespace
