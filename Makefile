@@ -5,7 +5,7 @@ SOURCES = $(shell git ls-files --cached --others --exclude-standard -- '*.h' '*.
 .PHONY: build test asan tsan cover fuzz bench format lint check layers macos
 
 build: ; @tools/preset release
-test: build ; @ctest --preset release
+test: build ; @tools/setup run test && ctest --preset release
 asan: ; @tools/preset asan && ctest --preset asan
 tsan: ; @tools/preset tsan && ctest --preset tsan
 cover: ; @tools/preset cover && ctest --preset cover && tools/coverage
@@ -13,6 +13,6 @@ fuzz: ; @tools/preset fuzz && tools/fuzz 60
 bench: build ; @tools/bench
 layers: ; @tools/layers
 macos: ; @tools/check-macos
-format: ; @clang-format-19 -i $(SOURCES)
+format: ; @tools/setup develop && clang-format-19 -i $(SOURCES)
 lint: ; @tools/lint
 check: layers lint test asan tsan macos
