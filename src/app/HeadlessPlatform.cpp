@@ -6,17 +6,9 @@
 #include <QCoreApplication>
 
 #include <array>
-#include <chrono>
 #include <string>
 
 namespace pello {
-namespace {
-
-Date wallClock() {
-    return Date::fromUnix(Seconds(std::chrono::system_clock::now().time_since_epoch()).count());
-}
-
-} // namespace
 
 struct HeadlessPlatform::Adapters {
     explicit Adapters(LinuxServices::Session session) : services(loop, watcher, session) {}
@@ -25,7 +17,7 @@ struct HeadlessPlatform::Adapters {
     std::string name = "pello";
     std::array<char*, 2> arguments = {name.data(), nullptr};
     QCoreApplication application{argumentCount, arguments.data()};
-    MemoryMainLoop loop{wallClock()};
+    MemoryMainLoop loop{Date::ofSystemClock()};
     MemoryFolderWatcher watcher; // one command is over before anything changes
     LinuxServices services;
 };
@@ -47,7 +39,7 @@ LoginItem& HeadlessPlatform::loginItem() {
 }
 
 void HeadlessPlatform::turn() {
-    adapters_->loop.setNow(wallClock());
+    adapters_->loop.setNow(Date::ofSystemClock());
     adapters_->loop.settle();
     QCoreApplication::processEvents(); // this is the main loop: nothing else turns the toolkit's
     adapters_->loop.settle();

@@ -14,6 +14,10 @@ struct Date {
     /// The reference date in seconds after 1970-01-01 00:00:00 UTC.
     static constexpr double kUnixOffset = 978307200;
 
+    /// The time by the system's clock: for main loops, which everything else asks.
+    [[nodiscard]] static Date ofSystemClock() {
+        return fromUnix(Seconds(std::chrono::system_clock::now().time_since_epoch()).count());
+    }
     [[nodiscard]] static Date fromUnix(double seconds) { return {seconds - kUnixOffset}; }
     [[nodiscard]] double unixSeconds() const { return sinceReference + kUnixOffset; }
 

@@ -4,7 +4,9 @@
 
 namespace pello {
 
+/// What a message is about: the channels of the program's diagnostics.
 enum class LogCategory { hotkey, panel, menus, windows };
+/// How much a message matters.
 enum class LogLevel { info, error };
 
 /// The platform's log. Any thread.

@@ -12,6 +12,7 @@
 /// come out; any thread.
 namespace pello {
 
+/// What a process knows of its defaults, for a worker that brings the file in line.
 struct SyncRequest {
     std::filesystem::path file;
     /// What to write. Without any, the file is only read.
@@ -24,6 +25,7 @@ struct SyncRequest {
     Date now;
 };
 
+/// What a worker found and did.
 struct SyncOutcome {
     /// What the file holds now; nothing when that is not known, or is as it was.
     std::optional<PropertyDictionary> contents;

@@ -62,8 +62,7 @@ QtMainLoop::~QtMainLoop() {
 }
 
 Date QtMainLoop::now() const {
-    const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
-    return Date::fromUnix(Seconds(sinceEpoch).count());
+    return Date::ofSystemClock();
 }
 
 void QtMainLoop::post(std::function<void()> action) {
