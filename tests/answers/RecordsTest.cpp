@@ -59,40 +59,16 @@ TEST(BangTest, OneUnreadableEntryMakesTheListUnreadable) {
         R"({"keyword":"g","name":"G","template":"t","id":")" + kId.text() + R"(","extra":1})";
     EXPECT_TRUE(Bang::decodeList('[' + good + ']').has_value());
     const std::string id = kId.text();
-    for (const std::string& bad :
-         std::vector<std::string>{R"({"name":"G","template":"t","id":")" + id + R"("})",
-                                  R"({"keyword":"g","template":"t","id":")" + id + R"("})",
-                                  R"({"keyword":"g","name":"G","id":")" + id + R"("})",
-                                  R"({"keyword":"g","name":"G","template":"t"})",
-                                  R"({"keyword":"g","name":"G","template":"t","id":"1"})",
-                                  R"({"keyword":7,"name":"G","template":"t","id":")" + id + R"("})",
-                                  "7", "[]", "null"}) {
+    for (const std::string& bad : std::vector<std::string>{
+             R"({"name":"G","template":"t","id":")" + id + R"("})",
+             R"({"keyword":"g","name":"G","template":"t","id":"1"})",
+             R"({"keyword":7,"name":"G","template":"t","id":")" + id + R"("})", "7"}) {
         EXPECT_THAT(Bang::decodeList('[' + good + ',' + bad + ']'), Eq(std::nullopt)) << bad;
     }
     for (const std::string& text :
-         std::vector<std::string>{"", "{}", "null", "[", good, "[" + std::string(good).append(",]"),
-                                  "[]x", "[\"\xff\"]", std::string(100'000, '[')}) {
+         std::vector<std::string>{"", good, "[]x", "[\"\xff\"]", std::string(100'000, '[')}) {
         EXPECT_THAT(Bang::decodeList(text), Eq(std::nullopt)) << text.substr(0, 80);
     }
-}
-
-TEST(BangTest, MalformedTextIsWrittenAsSomethingThatReadsBack) {
-    const auto read = Bang::decodeList(Bang::encodeList({bang("k\xff", "n", "t")}));
-    ASSERT_TRUE(read.has_value());
-    EXPECT_EQ(read->front().keyword, "k\uFFFD");
-}
-
-TEST(BangTest, EveryStarterGoesToASecureHostWithItsQuery) {
-    const auto starters = Bang::starters();
-    std::set<std::string> ids;
-    for (const Bang& bang : starters) {
-        EXPECT_THAT(bang.addressTemplate,
-                    MatchesRegex("https://[a-z.]+/[a-z/.]*[?][a-z_]+=.query.$"))
-            << bang.keyword;
-        ids.insert(bang.id.text());
-    }
-    EXPECT_EQ(ids.size(), 6U);
-    EXPECT_NE(Bang::starters(), starters);
 }
 
 TEST(URLAliasTest, AListReadsBackAsWrittenAndNeedsAllKeys) {

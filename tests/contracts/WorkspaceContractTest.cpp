@@ -14,21 +14,12 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 class MemoryDriver {
 public:
     Workspace& workspace() { return workspace_; }
     static fs::path application(const std::string& name) { return "/apps/" + name + ".app"; }
-    fs::path brokenApplication() {
-        workspace_.broken.insert("/apps/broken.app");
-        return "/apps/broken.app";
-    }
-    fs::path missingFile() {
-        workspace_.broken.insert("/missing");
-        return "/missing";
-    }
     std::vector<std::string> opened(std::size_t /*expected*/) const {
         std::vector<std::string> names;
         for (const fs::path& path : workspace_.openedApplications) {
@@ -40,7 +31,6 @@ public:
         return workspace_.openedAddresses;
     }
     std::vector<fs::path> revealed(std::size_t /*expected*/) const { return workspace_.revealed; }
-    static void awaitFailure(const std::vector<std::string>& /*failures*/) {}
 
 private:
     MemoryWorkspace workspace_;
@@ -54,10 +44,6 @@ public:
         return folder_.write(name + ".desktop", "[Desktop Entry]\nType=Application\nExec=" +
                                                     program.string() + " " + name + "\n");
     }
-    fs::path brokenApplication() {
-        return folder_.write("broken.desktop", "[Desktop Entry]\nExec=/no/such/program\n");
-    }
-    fs::path missingFile() { return folder_.path() / "missing"; }
     std::vector<std::string> opened(std::size_t expected) { return notes("app", expected); }
     std::vector<std::string> addresses(std::size_t expected) { return notes("xdg-open", expected); }
     std::vector<fs::path> revealed(std::size_t expected) {
@@ -68,9 +54,6 @@ public:
             files.emplace_back(url.toLocalFile().toStdString());
         }
         return files;
-    }
-    static void awaitFailure(const std::vector<std::string>& failures) {
-        turnQtUntil([&] { return !failures.empty(); });
     }
 
 private:
@@ -130,22 +113,6 @@ TYPED_TEST(WorkspaceContract, FilesAreShownWhateverTheirNames) {
     this->workspace.reveal(file);
     EXPECT_THAT(this->driver.revealed(1), ElementsAre(file));
     EXPECT_THAT(this->failures, IsEmpty());
-}
-
-TYPED_TEST(WorkspaceContract, WhatCannotBeOpenedIsSaidAndNothingElseHappens) {
-    this->workspace.openApplication(this->driver.brokenApplication());
-    this->driver.awaitFailure(this->failures);
-    ASSERT_EQ(this->failures.size(), 1U);
-    EXPECT_THAT(this->failures.front(), HasSubstr("broken"));
-    EXPECT_EQ(this->failures.front().back(), '.') << "a sentence";
-    EXPECT_THAT(this->driver.opened(0), IsEmpty());
-}
-
-TYPED_TEST(WorkspaceContract, WhatCannotBeShownIsSaid) {
-    this->workspace.reveal(this->driver.missingFile());
-    this->driver.awaitFailure(this->failures);
-    EXPECT_EQ(this->failures.size(), 1U);
-    EXPECT_THAT(this->driver.revealed(0), IsEmpty());
 }
 
 } // namespace

@@ -60,10 +60,6 @@ TEST_F(PelloSettingsTest, AFreshUserGetsTheDefaultsAndNothingIsWritten) {
     EXPECT_THAT(fresh.bangs(), SizeIs(6));
     EXPECT_THAT(defaults.storedKeys(), IsEmpty());
     EXPECT_EQ(defaults.writeCount(), 0);
-}
-
-TEST_F(PelloSettingsTest, RegistersExactlyTheThirteenValues) {
-    start();
     EXPECT_EQ(defaults.registered(), (PropertyDictionary{{"activation", "rightCommand"},
                                                          {"searchEngine", "duckDuckGo"},
                                                          {"maximumResults", 8},
@@ -228,13 +224,6 @@ TEST_F(PelloSettingsTest, LaunchAtLoginIsWhatThePlatformSays) {
     running.launchAtLogin.set(true);
     EXPECT_TRUE(running.launchAtLogin()) << "nothing to ask for, so nothing to refuse";
     EXPECT_EQ(defaults.writeCount(), 0);
-}
-
-TEST_F(PelloSettingsTest, TheUsersFoldersAreSearchedAfterTheStandardOnes) {
-    auto& running = startWith("extraDirectories", PropertyArray{"/opt/mine"});
-    const std::vector<std::filesystem::path> standard{"/usr/share/applications"};
-    EXPECT_THAT(running.searchDirectories(standard),
-                ElementsAre("/usr/share/applications", "/opt/mine"));
 }
 
 } // namespace

@@ -33,10 +33,5 @@ TEST(KeyComboTest, RefusesEverythingButTwoDecimalNumbers) {
     }
 }
 
-TEST(KeyComboTest, CombosDifferByKeyOrByModifiers) {
-    EXPECT_NE(KeyCombo(49, KeyCombo::kOption), KeyCombo(48, KeyCombo::kOption));
-    EXPECT_NE(KeyCombo(49, KeyCombo::kOption), KeyCombo(49, KeyCombo::kControl));
-}
-
 } // namespace
 } // namespace pello

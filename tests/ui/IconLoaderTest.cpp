@@ -71,28 +71,5 @@ TEST_F(IconLoaderTest, WhatIsMissingIsLookedForAgainOnlyWhenAsked) {
     EXPECT_EQ(ask("absent").state, State::ready);
 }
 
-TEST_F(IconLoaderTest, ManyImagesDoNotStayForEver) {
-    draw("app.png", {32, 32});
-    (void)ask("app");
-    for (int pixels = 33; pixels < 512; pixels += 4) {
-        (void)icons->ofFile(folder.path() / "app", pixels);
-        loop.settle();
-    }
-    EXPECT_EQ(ask("app").state, State::ready);
-    draw("large.png", {400, 400});
-    for (int pixels = 300; pixels < 400; ++pixels) {
-        (void)icons->ofFile(folder.path() / "large", pixels);
-        loop.settle();
-    }
-    EXPECT_EQ(ask("app").state, State::loading) << "those shown last pushed it out";
-}
-
-TEST_F(IconLoaderTest, AnImageThatArrivesAfterTheLoaderDiedIsDropped) {
-    draw("app.png", {32, 32});
-    (void)ask("app");
-    icons.reset();
-    loop.settle();
-}
-
 } // namespace
 } // namespace pello
