@@ -11,7 +11,6 @@
 #include <array>
 #include <cstring>
 #include <unistd.h>
-#include <utility>
 
 namespace pello {
 namespace {
@@ -28,8 +27,10 @@ FileDescriptor connectedTo(const std::string& path) {
     std::memcpy(address.sun_path, path.data(), path.size());
     FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const auto* target = reinterpret_cast<const sockaddr*>(&address);
-    return ::connect(socket.number(), target, sizeof address) == 0 ? std::move(socket)
-                                                                   : FileDescriptor();
+    if (socket && ::connect(socket.number(), target, sizeof address) == 0) {
+        return socket;
+    }
+    return FileDescriptor();
 }
 
 std::string readAll(int descriptor) {
