@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
+#include <array>
 #include <cstring>
 #include <future>
 #include <unistd.h>
@@ -30,9 +31,9 @@ protected:
     }
 
     int argc = 1;
-    char name[5] = "test";
-    char* argv[2] = {name, nullptr};
-    QCoreApplication application{argc, argv};
+    std::string name = "test";
+    std::array<char*, 2> argv = {name.data(), nullptr};
+    QCoreApplication application{argc, argv.data()};
     TemporaryFolder folder;
     std::string path = (folder.path() / "pello.sock").string();
     ControlServer server{[](std::string_view verb) {
@@ -61,6 +62,7 @@ TEST_F(ControlSocketTest, NobodyThereIsNoAnswer) {
 
 TEST_F(ControlSocketTest, ASocketLeftByAKilledLauncherIsTakenOver) {
     const int orphan = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_GE(orphan, 0);
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     std::memcpy(address.sun_path, path.data(), path.size());

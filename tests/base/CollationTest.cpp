@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
@@ -10,7 +11,7 @@ namespace pello {
 namespace {
 
 int sign(int value) {
-    return (value > 0) - (value < 0);
+    return std::clamp(value, -1, 1);
 }
 
 TEST(CollationTest, IgnoresCaseButNotAccents) {
@@ -18,7 +19,7 @@ TEST(CollationTest, IgnoresCaseButNotAccents) {
     EXPECT_EQ(english.compare("Safari", "sAFARI"), 0);
     EXPECT_LT(english.compare("apple", "Banana"), 0);
     EXPECT_LT(english.compare("resume", "résumé"), 0);
-    EXPECT_LT(english.compare("Zoom", "Ärger") * -1, 0) << "an accented letter sorts with its base";
+    EXPECT_GT(english.compare("Zoom", "Ärger"), 0) << "an accented letter sorts with its base";
 }
 
 TEST(CollationTest, FollowsTheLocale) {

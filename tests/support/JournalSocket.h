@@ -39,7 +39,10 @@ public:
         address.sun_family = AF_UNIX;
         std::strncpy(address.sun_path, kPath, sizeof address.sun_path - 1);
         socket_ = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-        if (::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+        const bool isBound =
+            socket_ >= 0 &&
+            ::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+        if (!isBound && socket_ >= 0) {
             ::close(socket_);
             socket_ = -1;
         }
