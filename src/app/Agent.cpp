@@ -54,7 +54,7 @@ private:
             return {.line = std::string(kDone)};
         }
         if (verb == "quit") {
-            platform_.ports().loop.post([this] { QApplication::quit(); });
+            platform_.ports().loop.post([] { QApplication::quit(); });
             return {.line = std::string(kDone), .then = Answer::Then::holdTheLine};
         }
         return {.line = "the running launcher does not know \"" + std::string(verb) + '"'};
