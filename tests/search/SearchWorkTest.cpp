@@ -89,7 +89,7 @@ struct Copied {
 
 TEST(SearchCopyTest, NoItemIsCopied) {
     MemoryUserDefaults defaults;
-    MemoryMainLoop loop;
+    const MemoryMainLoop loop;
     UsageStore usage(defaults, loop);
     const Copied action;
     auto items = testing::launchItems({{"one"}, {"other", {"one"}}});

@@ -11,7 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ApplicationScanTest : public testing::Test {
 protected:

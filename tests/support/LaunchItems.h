@@ -12,9 +12,9 @@ namespace pello::testing {
 /// An item that is only searched for; its id is the title unless another is given.
 struct ItemSketch {
     std::string title;
-    std::vector<std::string> keywords = {};
+    std::vector<std::string> keywords;
     LaunchItem::Kind kind = LaunchItem::Kind::application;
-    std::string id = {};
+    std::string id;
 };
 
 inline LaunchItem launchItem(ItemSketch sketch) {

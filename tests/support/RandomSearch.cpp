@@ -6,6 +6,7 @@
 #include "search/SearchEngine.h"
 #include "support/LaunchItems.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <limits>
@@ -54,7 +55,8 @@ std::shared_ptr<const PreparedList> randomList(const Draw& draw) {
     }
     std::vector<LaunchItem> items;
     // Now and then more than a keyword keeps in order, and than a limit may ask for.
-    const std::size_t count = draw(8) != 0 ? draw(12) : draw(8) != 0 ? draw(200) : draw(1500);
+    constexpr std::array<std::size_t, 32> kBounds = {200, 200, 200, 1500};
+    const std::size_t count = draw(std::max(kBounds[draw(kBounds.size())], std::size_t{12}));
     for (std::size_t i = 0; i < count; ++i) {
         const auto number = draw(10) == 0 ? draw(8) : i; // some ids twice
         items.push_back(randomItem(draw, words, "id:" + std::to_string(number)));

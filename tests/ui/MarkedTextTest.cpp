@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <ranges>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,8 @@ namespace {
 std::string show(const MarkedText& text) {
     QString shown = text.text();
     const auto ranges = text.markedRanges();
-    for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
-        shown.insert(range->start + range->length, ']').insert(range->start, '[');
+    for (const auto& range : std::views::reverse(ranges)) {
+        shown.insert(range.start + range.length, ']').insert(range.start, '[');
     }
     return shown.toStdString();
 }

@@ -18,7 +18,7 @@ protected:
 
     /// Sends a mouse event to the middle of row `row`; `position` is where that is on the screen.
     void mouse(QEvent::Type type, int row, QPoint position) {
-        ResultList& list = panel.list();
+        const ResultList& list = panel.list();
         const QPoint place = list.visualRect(list.model()->index(row, 0)).center();
         const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
         const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;

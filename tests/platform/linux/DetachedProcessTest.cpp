@@ -21,7 +21,7 @@ using testing::Not;
 
 class DetachedProcessTest : public QtTest {
 protected:
-    ProcessPlan plan(const std::filesystem::path& program) const {
+    static ProcessPlan plan(const std::filesystem::path& program) {
         return {.program = program,
                 .arguments = {program.string(), "one", "two words"},
                 .environment = {{{"PATH", "/usr/bin:/bin"}, {"GIVEN", "this"}}},

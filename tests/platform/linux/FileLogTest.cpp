@@ -99,6 +99,7 @@ TEST_F(FileLogTest, TheSystemLogIsTheFileWhereNoJournalListens) {
     address.sun_family = AF_UNIX;
     socketPath.string().copy(address.sun_path, sizeof address.sun_path - 1);
     const int journal = ::socket(AF_UNIX, SOCK_DGRAM, 0);
+    ASSERT_GE(journal, 0);
     ASSERT_EQ(::bind(journal, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
     makeSystemLog(folders, socketPath)->write(LogCategory::panel, LogLevel::info, "to the journal");
     EXPECT_EQ(lineCount(file), 1U);
