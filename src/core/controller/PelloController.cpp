@@ -132,9 +132,9 @@ void PelloController::refresh() {
 }
 
 SearchMode PelloController::mode() const {
-    SearchMode mode = SearchMode::of(query_);
-    const bool canBeServed = mode.kind == SearchMode::Kind::glyphs && !parts_.glyphs.empty();
-    return canBeServed ? mode : SearchMode{.kind = SearchMode::Kind::normal, .text = query_};
+    const SearchMode asked = SearchMode::of(query_);
+    const bool canBeServed = asked.kind == SearchMode::Kind::glyphs && !parts_.glyphs.empty();
+    return canBeServed ? asked : SearchMode{.kind = SearchMode::Kind::normal, .text = query_};
 }
 
 std::vector<SearchResult> PelloController::search() const {
