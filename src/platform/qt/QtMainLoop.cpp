@@ -27,28 +27,38 @@ private:
     std::function<void()> action_;
 };
 
+} // namespace
+
 /// One piece of background work. Both functions are destroyed where they were called, so that what
 /// a completion captured never dies on a worker.
-class Job final : public QRunnable {
+class QtMainLoop::Job final : public QRunnable {
 public:
-    Job(QObject& receiver, std::function<void()> work, std::function<void()> done)
-        : receiver_(receiver), work_(std::move(work)), done_(std::move(done)) {}
+    Job(Receiver& receiver, std::function<void()> work, std::function<void()> done)
+        : receiver_(receiver), work_(std::move(work)), done_(std::move(done)) {
+        receiver_.crossing.leave();
+    }
 
     void run() override {
+        receiver_.crossing.arrive();
         work_();
         work_ = nullptr;
-        QCoreApplication::postEvent(&receiver_, new CallEvent(std::move(done_)));
+        receiver_.post(std::move(done_));
     }
 
 private:
-    QObject& receiver_;
+    Receiver& receiver_;
     std::function<void()> work_;
     std::function<void()> done_;
 };
 
-} // namespace
+void QtMainLoop::Receiver::post(std::function<void()> action) {
+    auto* event = new CallEvent(std::move(action));
+    crossing.leave();
+    QCoreApplication::postEvent(this, event);
+}
 
 bool QtMainLoop::Receiver::event(QEvent* event) {
+    crossing.arrive();
     if (event->type() != CallEvent::kType) {
         return QObject::event(event);
     }
@@ -59,6 +69,7 @@ bool QtMainLoop::Receiver::event(QEvent* event) {
 QtMainLoop::~QtMainLoop() {
     workers_.clear();
     workers_.waitForDone();
+    receiver_.crossing.arrive();
 }
 
 Date QtMainLoop::now() const {
@@ -66,7 +77,7 @@ Date QtMainLoop::now() const {
 }
 
 void QtMainLoop::post(std::function<void()> action) {
-    QCoreApplication::postEvent(&receiver_, new CallEvent(std::move(action)));
+    receiver_.post(std::move(action));
 }
 
 Subscription QtMainLoop::after(std::chrono::milliseconds delay, std::function<void()> action) {

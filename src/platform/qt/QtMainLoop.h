@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QThreadPool>
 
+#include <atomic>
+
 namespace pello {
 
 /// The main loop of a program that runs Qt's event loop.
@@ -27,10 +29,26 @@ protected:
     void runInBackground(std::function<void()> work, std::function<void()> done) override;
 
 private:
+    /// What crosses between threads, in an order that is seen from outside of Qt too: a tool that
+    /// watches threads does not know how Qt hands things over, and would call each a race.
+    class Crossing {
+    public:
+        void leave() { crossings_.fetch_add(1, std::memory_order_acq_rel); }
+        void arrive() const { static_cast<void>(crossings_.load(std::memory_order_acquire)); }
+
+    private:
+        std::atomic<unsigned> crossings_ = 0;
+    };
+    class Job;
+
     /// What pending calls and timers belong to: they end with it.
     class Receiver final : public QObject {
     public:
+        /// From any thread.
+        void post(std::function<void()> action);
         bool event(QEvent* event) override;
+
+        Crossing crossing;
     };
 
     Receiver receiver_;
