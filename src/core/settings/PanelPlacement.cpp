@@ -1,7 +1,7 @@
 #include "core/settings/PanelPlacement.h"
 
+#include "base/DecimalText.h"
 #include "base/Text.h"
-#include "core/settings/DecimalText.h"
 
 namespace pello {
 

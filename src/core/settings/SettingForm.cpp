@@ -1,6 +1,6 @@
 #include "core/settings/SettingForm.h"
 
-#include "core/settings/DecimalText.h"
+#include "base/DecimalText.h"
 
 #include <nlohmann/json.hpp>
 

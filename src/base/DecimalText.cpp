@@ -1,4 +1,4 @@
-#include "core/settings/DecimalText.h"
+#include "base/DecimalText.h"
 
 #include <nlohmann/json.hpp>
 
