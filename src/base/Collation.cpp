@@ -1,5 +1,7 @@
 #include "base/Collation.h"
 
+#include "base/ReadersLocale.h"
+
 #include <unicode/coll.h>
 #include <unicode/locid.h>
 #include <unicode/uniset.h>
@@ -119,13 +121,7 @@ std::optional<int> compareByRank(const Collation::Rules::Ranks& ranks, std::stri
 
 Collation::Collation(std::string_view locale) : rules_(std::make_unique<Rules>()) {
     UErrorCode status = U_ZERO_ERROR;
-    icu::Locale wanted = locale.empty() ? icu::Locale::getDefault()
-                                        : icu::Locale::createCanonical(std::string(locale).c_str());
-    if (std::string_view(wanted.getVariant()) == "POSIX") {
-        wanted =
-            icu::Locale::getUS(); // the rules of "C" put every capital before every small letter
-    }
-    rules_->collator.reset(icu::Collator::createInstance(wanted, status));
+    rules_->collator.reset(icu::Collator::createInstance(readersLocale(locale), status));
     if (U_FAILURE(status) != 0 || rules_->collator == nullptr) {
         status = U_ZERO_ERROR;
         rules_->collator.reset(icu::Collator::createInstance(icu::Locale::getRoot(), status));
