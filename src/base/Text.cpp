@@ -370,6 +370,24 @@ std::vector<std::string_view> split(std::string_view utf8, char separator) {
     return pieces;
 }
 
+std::vector<std::string_view> words(std::string_view utf8) {
+    std::vector<std::string_view> pieces;
+    std::size_t begin = 0;
+    const auto endAt = [&](std::size_t end) {
+        if (end > begin) {
+            pieces.push_back(utf8.substr(begin, end - begin));
+        }
+    };
+    forEachCharacter(utf8, [&](std::size_t from, std::size_t to) {
+        if (isWhitespace(utf8.substr(from, to - from))) {
+            endAt(from);
+            begin = to;
+        }
+    });
+    endAt(utf8.size());
+    return pieces;
+}
+
 std::string wellFormed(std::string_view utf8) {
     std::string result;
     result.reserve(utf8.size());

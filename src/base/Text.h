@@ -73,6 +73,9 @@ namespace pello::text {
 /// The pieces of `utf8` between single-byte `separator`s, empty ones left out.
 [[nodiscard]] std::vector<std::string_view> split(std::string_view utf8, char separator);
 
+/// The pieces of `utf8` between white-space characters, empty ones left out.
+[[nodiscard]] std::vector<std::string_view> words(std::string_view utf8);
+
 /// `utf8` with malformed bytes replaced by U+FFFD.
 [[nodiscard]] std::string wellFormed(std::string_view utf8);
 

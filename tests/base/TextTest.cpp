@@ -135,6 +135,13 @@ TEST(TextTest, SplittingDropsEmptyPieces) {
     EXPECT_THAT(split("", ':'), IsEmpty());
 }
 
+TEST(TextTest, WordsStandBetweenWhiteSpaceOfAnyKind) {
+    EXPECT_THAT(words("5 km\tto\u2009mi"), ElementsAre("5", "km", "to", "mi"));
+    EXPECT_THAT(words("\r\n one\u0301  \u00A0two "), ElementsAre("one\u0301", "two"));
+    EXPECT_THAT(words(" \n"), IsEmpty());
+    EXPECT_THAT(words(""), IsEmpty());
+}
+
 TEST(TextTest, MalformedBytesNeverBreakAnything) {
     EXPECT_EQ(wellFormed("a\xFF"
                          "b\xE2\x82"),
