@@ -1,0 +1,76 @@
+#include "answers/UnitPhrase.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string>
+
+namespace pello {
+namespace {
+
+constexpr std::array<std::string_view, 7> kConnectors = {"in", "to", "as", "into", "=", "->", "→"};
+
+bool isConnector(std::string_view word) {
+    return std::find(kConnectors.begin(), kConnectors.end(), word) != kConnectors.end();
+}
+
+/// Words with one space between them, of which any stretch is at hand as one text.
+class JoinedWords {
+public:
+    explicit JoinedWords(const std::vector<std::string_view>& words) {
+        for (const std::string_view word : words) {
+            begins_.push_back(text_.size());
+            text_.append(word).append(" ");
+        }
+        begins_.push_back(text_.size());
+    }
+
+    /// The words from number `first` up to, not including, number `last`.
+    [[nodiscard]] std::string_view between(std::size_t first, std::size_t last) const {
+        if (first >= last) {
+            return {};
+        }
+        return std::string_view(text_).substr(begins_[first], begins_[last] - 1 - begins_[first]);
+    }
+
+private:
+    std::string text_;
+    std::vector<std::size_t> begins_;
+};
+
+std::optional<UnitPhrase> pairOf(const Unit* source, const Unit* target) {
+    if (source == nullptr || target == nullptr || source->kind != target->kind) {
+        return std::nullopt;
+    }
+    return UnitPhrase{.source = source, .target = target};
+}
+
+} // namespace
+
+std::optional<UnitPhrase> UnitPhrase::read(const std::vector<std::string_view>& words,
+                                           const UnitTable& table) {
+    const std::size_t count = words.size();
+    const JoinedWords joined(words);
+    const auto named = [&](std::size_t first, std::size_t last) {
+        return table.named(joined.between(first, last));
+    };
+    // "in" means inches as well: a name of all words goes before any reading as a connector.
+    if (const Unit* source = named(0, count)) {
+        return UnitPhrase{.source = source, .target = nullptr};
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        if (isConnector(words[i])) {
+            if (const auto pair = pairOf(named(0, i), named(i + 1, count))) {
+                return pair;
+            }
+        }
+    }
+    for (std::size_t i = 1; i < count; ++i) {
+        if (const auto pair = pairOf(named(0, i), named(i, count))) {
+            return pair;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace pello
