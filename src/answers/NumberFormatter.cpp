@@ -1,5 +1,6 @@
 #include "answers/NumberFormatter.h"
 
+#include "answers/IcuText.h"
 #include "base/DecimalText.h"
 #include "base/ReadersLocale.h"
 
@@ -20,12 +21,6 @@ namespace {
 
 using icu::DecimalFormatSymbols;
 using icu::number::Precision;
-
-std::string utf8(const icu::UnicodeString& wide) {
-    std::string result;
-    wide.toUTF8String(result);
-    return result;
-}
 
 std::unique_ptr<NumberFormatter::Rules> rulesOf(const Precision& precision,
                                                 std::string_view localeName) {

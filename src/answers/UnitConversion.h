@@ -17,8 +17,7 @@ class UnitConversion {
 public:
     using Kind = UnitKind;
 
-    /// Reads and writes numbers as `locale` does (an ICU or POSIX name such as "de_DE"); without
-    /// one, as the user's locale does.
+    /// Reads and writes numbers as `locale` does (see ReadersLocale.h).
     explicit UnitConversion(std::string_view locale = {}) : texts_(locale) {}
 
     /// The answer to `query`, which must be trimmed and in lower case. Nothing when it is no

@@ -1,18 +1,12 @@
 #include "answers/UnitPhrase.h"
 
-#include <algorithm>
-#include <array>
+#include "answers/Connectors.h"
+
 #include <cstddef>
 #include <string>
 
 namespace pello {
 namespace {
-
-constexpr std::array<std::string_view, 7> kConnectors = {"in", "to", "as", "into", "=", "->", "→"};
-
-bool isConnector(std::string_view word) {
-    return std::find(kConnectors.begin(), kConnectors.end(), word) != kConnectors.end();
-}
 
 /// Words with one space between them, of which any stretch is at hand as one text.
 class JoinedWords {

@@ -1,8 +1,10 @@
 #include "answers/UnitTexts.h"
 
+#include "answers/IcuText.h"
+#include "base/ReadersLocale.h"
+
 #include <unicode/dcfmtsym.h>
 #include <unicode/formattedvalue.h>
-#include <unicode/locid.h>
 #include <unicode/measfmt.h>
 #include <unicode/measunit.h>
 #include <unicode/numberformatter.h>
@@ -20,20 +22,6 @@ constexpr int32_t kMostDigits = 6;
 
 /// A number of which every language uses a plural.
 constexpr double kMany = 100;
-
-std::string utf8(const icu::UnicodeString& text) {
-    std::string result;
-    text.toUTF8String(result);
-    return result;
-}
-
-icu::Locale localeNamed(std::string_view name) {
-    const icu::Locale wanted = name.empty()
-                                   ? icu::Locale::getDefault()
-                                   : icu::Locale::createCanonical(std::string(name).c_str());
-    // "C" is a locale for programs: it groups no digits.
-    return std::string_view(wanted.getVariant()) == "POSIX" ? icu::Locale::getUS() : wanted;
-}
 
 LocalizedNumberFormatter numbersOf(const icu::Locale& locale) {
     return icu::number::NumberFormatter::withLocale(locale)
@@ -149,7 +137,7 @@ struct UnitTexts::Prepared {
 
 UnitTexts::UnitTexts(std::string_view locale) : prepared_(std::make_unique<Prepared>()) {
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Locale wanted = localeNamed(locale);
+    const icu::Locale wanted = readersLocale(locale);
     const icu::DecimalFormatSymbols symbols(wanted, status);
     const auto decimal = symbols.getSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol);
     prepared_->isEnglish = std::string_view(wanted.getLanguage()) == "en";

@@ -15,8 +15,7 @@ namespace pello {
 /// any thread.
 class UnitTexts {
 public:
-    /// The texts of `locale` (an ICU or POSIX name such as "de_DE"); without one, of the user's
-    /// locale as the environment names it.
+    /// The texts of `locale` (see ReadersLocale.h).
     explicit UnitTexts(std::string_view locale = {});
     ~UnitTexts();
     UnitTexts(const UnitTexts&) = delete;
