@@ -1,6 +1,12 @@
 #include "answers/Bang.h"
 
+#include "answers/KeywordQuery.h"
+#include "answers/NameList.h"
 #include "answers/RecordList.h"
+#include "base/Address.h"
+#include "base/Text.h"
+
+#include <cstddef>
 
 namespace pello {
 namespace {
@@ -29,6 +35,27 @@ ordered_json encodeOne(const Bang& bang) {
             {"id", bang.id.text()}};
 }
 
+constexpr std::string_view kQueryPlace = "{query}";
+constexpr std::string_view kClipboardPlace = "{clipboard}";
+
+bool contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+/// `text` with `replacement` in every place of `part`; what was put in is not looked at again.
+std::string replacing(std::string_view text, std::string_view part, std::string_view replacement) {
+    std::string result;
+    for (auto at = text.find(part); at != std::string_view::npos; at = text.find(part)) {
+        result.append(text.substr(0, at)).append(replacement);
+        text.remove_prefix(at + part.size());
+    }
+    return result.append(text);
+}
+
+bool isUsableKeyword(std::string_view keyword) {
+    return !text::isBlank(keyword) && !contains(keyword, " ");
+}
+
 } // namespace
 
 std::vector<Bang> Bang::starters() {
@@ -52,6 +79,61 @@ std::vector<Bang> Bang::starters() {
          .name = "Apple Maps",
          .addressTemplate = "https://maps.apple.com/?q={query}"},
     };
+}
+
+std::optional<Bang::Match> Bang::match(std::string_view query, std::span<const Bang> bangs) {
+    const KeywordQuery keywordQuery(query);
+    const Bang* longest = nullptr;
+    std::size_t longestLength = 0;
+    std::string_view arguments;
+    for (const Bang& bang : bangs) {
+        const auto argument = keywordQuery.argument(bang.keyword);
+        const std::size_t length = argument ? text::characterCount(bang.keyword) : 0;
+        if (length > longestLength) {
+            longest = &bang;
+            longestLength = length;
+            arguments = *argument;
+        }
+    }
+    if (longest == nullptr) {
+        return std::nullopt;
+    }
+    return Match{.bang = *longest, .arguments = arguments};
+}
+
+bool Bang::wantsQuery() const {
+    return contains(addressTemplate, kQueryPlace);
+}
+
+std::optional<std::string> Bang::url(std::string_view arguments,
+                                     const std::function<std::string()>& clipboard) const {
+    using address::kUnreserved;
+    std::string result = addressTemplate;
+    if (wantsQuery()) {
+        result = replacing(result, kQueryPlace, address::percentEncoded(arguments, kUnreserved));
+    }
+    if (contains(result, kClipboardPlace)) {
+        const std::string escaped = address::percentEncoded(clipboard(), kUnreserved);
+        result = replacing(result, kClipboardPlace, escaped);
+    }
+    return address::scheme(result) ? std::optional(std::move(result)) : std::nullopt;
+}
+
+std::vector<std::string> Bang::problems(std::span<const Bang> bangs) {
+    std::vector<std::string> keywords;
+    for (const Bang& bang : bangs) {
+        if (isUsableKeyword(bang.keyword)) {
+            keywords.push_back(text::composed(text::lowercased(bang.keyword)));
+        }
+    }
+    std::vector<std::string> problems;
+    if (keywords.size() < bangs.size()) {
+        problems.emplace_back("a keyword is blank or contains a space");
+    }
+    if (auto repetition = repetitionProblem(std::move(keywords))) {
+        problems.push_back(std::move(*repetition));
+    }
+    return problems;
 }
 
 std::optional<std::vector<Bang>> Bang::decodeList(std::string_view json) {
