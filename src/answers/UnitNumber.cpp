@@ -1,8 +1,7 @@
 #include "answers/UnitNumber.h"
 
+#include "base/DecimalText.h"
 #include "base/Text.h"
-
-#include <unicode/fmtable.h>
 
 #include <algorithm>
 #include <string>
@@ -53,14 +52,7 @@ std::optional<double> parse(std::string_view run, std::string_view localDecimal)
     }
     std::string digits;
     std::remove_copy(run.begin(), run.end(), std::back_inserter(digits), '_');
-    const std::string plain = plainDecimal(digits, localDecimal);
-    // The C library reads by the process's locale, streams stop after some forty digits in one
-    // standard library, and from_chars for real numbers is not in all of them.
-    UErrorCode status = U_ZERO_ERROR;
-    icu::Formattable number;
-    number.setDecimalNumber({plain.data(), static_cast<int32_t>(plain.size())}, status);
-    const double value = number.getDouble(status);
-    return U_SUCCESS(status) != 0 ? std::optional(value) : std::nullopt;
+    return parseDecimal(plainDecimal(digits, localDecimal.empty() ? "." : localDecimal));
 }
 
 std::optional<Leading> leading(std::string_view utf8, std::string_view localDecimal) {
