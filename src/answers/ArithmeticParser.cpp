@@ -19,18 +19,13 @@ namespace pello {
 //     bracketed  = "(" expression ")"
 //
 // A sign belongs to the number it stands before: -2^2 is the square of -2.
+//
+// What is open waits on a stack, so that the depth of a pasted text does not matter:
+//
+//     2 - 3 * 4 + 1    waiting: 2-  3*    the 4 is known, and "+" holds no tighter than either:
+//                      12, then -10       both are settled before "+" waits in their place
 
 namespace {
-
-std::optional<double> product(double left, std::string_view sign, double right) {
-    if (sign == "*" || sign == "×") {
-        return left * right;
-    }
-    if (right == 0) {
-        return std::nullopt;
-    }
-    return sign == "%" ? std::fmod(left, right) : left / right;
-}
 
 std::optional<double> constant(std::string_view name) {
     if (name == "pi" || name == "π") {
@@ -41,83 +36,63 @@ std::optional<double> constant(std::string_view name) {
 
 } // namespace
 
+const std::array<ArithmeticParser::Sign, 8> ArithmeticParser::kSigns = {
+    {{"+", Operation::sum, Tightness::sum},
+     {"-", Operation::difference, Tightness::sum},
+     {"*", Operation::product, Tightness::product},
+     {"×", Operation::product, Tightness::product},
+     {"/", Operation::quotient, Tightness::product},
+     {"÷", Operation::quotient, Tightness::product},
+     {"%", Operation::remainder, Tightness::product},
+     {"^", Operation::power, Tightness::power}}};
+
 ArithmeticParser::ArithmeticParser(std::string_view text)
     : characters_(text::characterViews(text)) {}
 
-std::optional<double> ArithmeticParser::parseExpression() {
-    auto sum = parseTerm();
-    while (sum) {
-        const auto sign = peekOperator({"+", "-"});
-        if (!sign) {
-            break;
+std::optional<double> ArithmeticParser::parse() {
+    auto value = parseOperand();
+    while (value && !isAtEnd()) {
+        value = stepOver(")") ? parseBracketEnd(*value) : parseOperation(*value);
+    }
+    value = value ? settled(*value, Tightness::sum) : std::nullopt;
+    return waiting_.empty() ? value : std::nullopt; // else a bracket is left open
+}
+
+std::optional<double> ArithmeticParser::parseOperand() {
+    while (true) {
+        if (stepOver("-")) {
+            waiting_.push_back({Operation::negation, Tightness::sign});
+        } else if (stepOver("(")) {
+            waiting_.push_back({Operation::bracket, Tightness::bracket});
+        } else if (!stepOver("+")) {
+            const auto identifier = parseIdentifier();
+            if (identifier != "sqrt" || !stepOver("(")) {
+                return identifier ? constant(*identifier) : parseNumber();
+            }
+            waiting_.push_back({Operation::root, Tightness::bracket});
         }
-        ++position_;
-        const auto term = parseTerm();
-        if (!term) {
-            return std::nullopt;
-        }
-        sum = *sign == "+" ? *sum + *term : *sum - *term;
     }
-    return sum;
 }
 
-std::optional<double> ArithmeticParser::parseTerm() {
-    auto result = parsePower();
-    while (result) {
-        const auto sign = peekOperator({"*", "/", "×", "÷", "%"});
-        if (!sign) {
-            break;
-        }
-        ++position_;
-        const auto power = parsePower();
-        if (!power) {
-            return std::nullopt;
-        }
-        result = product(*result, *sign, *power);
-    }
-    return result;
-}
-
-std::optional<double> ArithmeticParser::parsePower() {
-    const auto base = parseUnary();
-    if (!base || !stepOver("^")) {
-        return base;
-    }
-    const auto exponent = nested(&ArithmeticParser::parsePower);
-    return exponent ? std::optional(std::pow(*base, *exponent)) : std::nullopt;
-}
-
-std::optional<double> ArithmeticParser::parseUnary() {
-    const auto sign = peekOperator({"-", "+"});
-    if (!sign) {
-        return parsePrimary();
-    }
-    ++position_;
-    const auto value = nested(&ArithmeticParser::parseUnary);
-    return value && *sign == "-" ? std::optional(-*value) : value;
-}
-
-std::optional<double> ArithmeticParser::parsePrimary() {
-    if (peekOperator({"("})) {
-        return parseBracketed();
-    }
-    const auto identifier = parseIdentifier();
-    if (!identifier) {
-        return parseNumber();
-    }
-    if (*identifier != "sqrt") {
-        return constant(*identifier);
-    }
-    const auto square = parseBracketed();
-    return square && *square >= 0 ? std::optional(std::sqrt(*square)) : std::nullopt;
-}
-
-std::optional<double> ArithmeticParser::parseBracketed() {
-    if (!stepOver("(")) {
+std::optional<double> ArithmeticParser::parseOperation(double left) {
+    const auto sign = std::find_if(kSigns.begin(), kSigns.end(),
+                                   [&](const Sign& each) { return stepOver(each.character); });
+    if (sign == kSigns.end()) {
         return std::nullopt;
     }
-    const auto value = nested(&ArithmeticParser::parseExpression);
-    return value && stepOver(")") ? value : std::nullopt;
+    // Of two powers the right one is computed first, of all else the left one.
+    const bool isPower = sign->operation == Operation::power;
+    const auto known = settled(left, isPower ? Tightness::sign : sign->tightness);
+    if (!known) {
+        return std::nullopt;
+    }
+    waiting_.push_back({sign->operation, sign->tightness, *known});
+    return parseOperand();
+}
+
+std::optional<double> ArithmeticParser::parseBracketEnd(double value) {
+    const auto inner = settled(value, Tightness::sum);
+    return inner && !waiting_.empty() ? settledOnce(*inner) : std::nullopt;
 }
 
 std::optional<double> ArithmeticParser::parseNumber() {
@@ -135,14 +110,46 @@ std::optional<std::string> ArithmeticParser::parseIdentifier() {
     return letters.empty() ? std::nullopt : std::optional(text::lowercased(letters));
 }
 
-std::optional<double> ArithmeticParser::nested(Step step) {
-    if (depth_ == kDeepestNesting) {
+std::optional<double> ArithmeticParser::settled(double value, Tightness least) {
+    std::optional<double> result = value;
+    while (result && !waiting_.empty() && waiting_.back().tightness >= least) {
+        result = settledOnce(*result);
+    }
+    return result;
+}
+
+std::optional<double> ArithmeticParser::settledOnce(double right) {
+    const auto [operation, tightness, left] = waiting_.back();
+    waiting_.pop_back();
+    const bool divides = operation == Operation::quotient || operation == Operation::remainder;
+    if ((divides && right == 0) || (operation == Operation::root && !(right >= 0))) {
         return std::nullopt;
     }
-    ++depth_;
-    const auto value = (this->*step)();
-    --depth_;
-    return value;
+    switch (operation) {
+    case Operation::bracket:
+        return right;
+    case Operation::root:
+        return std::sqrt(right);
+    case Operation::sum:
+        return left + right;
+    case Operation::difference:
+        return left - right;
+    case Operation::product:
+        return left * right;
+    case Operation::quotient:
+        return left / right;
+    case Operation::remainder:
+        return std::fmod(left, right);
+    case Operation::power:
+        return std::pow(left, right);
+    case Operation::negation:
+        return -right;
+    }
+    return std::nullopt;
+}
+
+void ArithmeticParser::skipWhitespace() {
+    takeWhile(text::isWhitespace);
 }
 
 bool ArithmeticParser::isAtEnd() {
@@ -150,20 +157,8 @@ bool ArithmeticParser::isAtEnd() {
     return position_ == characters_.size();
 }
 
-void ArithmeticParser::skipWhitespace() {
-    takeWhile(text::isWhitespace);
-}
-
-std::optional<std::string_view>
-ArithmeticParser::peekOperator(std::initializer_list<std::string_view> set) {
-    if (isAtEnd() || std::find(set.begin(), set.end(), characters_[position_]) == set.end()) {
-        return std::nullopt;
-    }
-    return characters_[position_];
-}
-
 bool ArithmeticParser::stepOver(std::string_view character) {
-    if (!peekOperator({character})) {
+    if (isAtEnd() || characters_[position_] != character) {
         return false;
     }
     ++position_;

@@ -29,12 +29,8 @@ std::optional<std::string> Calculator::evaluate(std::string_view query) const {
     if (!mentionsArithmetic(trimmed) || text::characterCount(trimmed) < kFewestCharacters) {
         return std::nullopt;
     }
-    ArithmeticParser parser(trimmed);
-    const auto value = parser.parseExpression();
-    if (!value || !parser.isAtEnd() || !std::isfinite(*value)) {
-        return std::nullopt;
-    }
-    return format(*value);
+    const auto value = ArithmeticParser(trimmed).parse();
+    return value && std::isfinite(*value) ? std::optional(format(*value)) : std::nullopt;
 }
 
 std::string Calculator::format(double value) const {

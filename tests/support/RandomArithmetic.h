@@ -35,7 +35,9 @@ public:
         switch (random_.below(6)) {
         case 0: {
             const Expression inner = operand(depth, kSigned);
-            return {blank() + "-" + inner.text, computed('*', -1.0, inner.value), kSigned};
+            const bool isMinus = random_.below(4) != 0;
+            return {blank() + (isMinus ? "-" : "+") + inner.text,
+                    computed('*', isMinus ? -1.0 : 1.0, inner.value), kSigned};
         }
         case 1: {
             const Expression inner = expression(depth - 1);
