@@ -1,5 +1,6 @@
 #pragma once
 
+#include <unicode/numberformatter.h>
 #include <unicode/unistr.h>
 
 #include <string>
@@ -11,6 +12,15 @@ namespace pello {
     std::string result;
     text.toUTF8String(result);
     return result;
+}
+
+/// Makes `formatter` fast from its first text on: ICU prepares a formatter while it writes its
+/// first ones, and keeps what it prepared from the third on.
+inline void warm(const icu::number::LocalizedNumberFormatter& formatter) {
+    for (int i = 0; i < 3; ++i) {
+        UErrorCode status = U_ZERO_ERROR;
+        formatter.formatDouble(1, status);
+    }
 }
 
 } // namespace pello

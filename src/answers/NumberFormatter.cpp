@@ -31,6 +31,7 @@ std::unique_ptr<NumberFormatter::Rules> rulesOf(const Precision& precision,
                            .roundingMode(UNUM_ROUND_HALFEVEN)
                            .grouping(UNUM_GROUPING_AUTO)
                            .sign(UNUM_SIGN_NEGATIVE);
+    warm(rules->formatter);
     UErrorCode status = U_ZERO_ERROR;
     const DecimalFormatSymbols symbols(locale, status);
     if (U_SUCCESS(status) != 0) {

@@ -143,10 +143,13 @@ UnitTexts::UnitTexts(std::string_view locale) : prepared_(std::make_unique<Prepa
     prepared_->isEnglish = std::string_view(wanted.getLanguage()) == "en";
     prepared_->localDecimal = utf8(decimal);
     prepared_->numbers = numbersOf(wanted);
+    warm(prepared_->numbers);
     const icu::MeasureFormat names(wanted, UMEASFMT_WIDTH_WIDE, status);
     prepared_->formats.reserve(UnitTable::units().size());
     for (const Unit& unit : UnitTable::units()) {
         prepared_->formats.push_back(unitFormat(unit, prepared_->numbers, names));
+        warm(prepared_->formats.back().brief);
+        warm(prepared_->formats.back().full);
     }
 }
 

@@ -10,9 +10,8 @@ namespace pello {
 
 /// How quantities read in one locale: at most six significant digits, with grouping separators.
 ///
-/// Everything is prepared when the object is made, but for what ICU prepares at the first texts of
-/// a unit. Units are those of UnitTable. Without ICU's data for a unit its texts are empty. Safe on
-/// any thread.
+/// Everything is prepared when the object is made, which takes some 10 ms. Units are those of
+/// UnitTable. Without ICU's data for a unit its texts are empty. Safe on any thread.
 class UnitTexts {
 public:
     /// The texts of `locale` (see ReadersLocale.h).
