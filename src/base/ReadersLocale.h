@@ -13,4 +13,7 @@ namespace pello {
 /// does a name of no known language. Safe on any thread.
 [[nodiscard]] icu::Locale readersLocale(std::string_view name = {});
 
+/// Whether `name` is a locale of a known language.
+[[nodiscard]] bool isReadersLocale(std::string_view name);
+
 } // namespace pello

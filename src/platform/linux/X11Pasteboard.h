@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+#include "platform/linux/X11Selection.h"
+
+namespace pello {
+
+/// The toolkit's clipboard, and under X11 a reading of it that does not wait for programs that
+/// hang. Needs the toolkit's application object to exist.
+class X11Pasteboard final : public Pasteboard {
+public:
+    void setText(std::string_view text) override;
+    [[nodiscard]] std::string text() override;
+
+private:
+    X11Selection selection_;
+};
+
+} // namespace pello
