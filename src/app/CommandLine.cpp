@@ -1,6 +1,8 @@
 #include "app/CommandLine.h"
 
+#include "app/TypedMoment.h"
 #include "app/Version.h"
+#include "base/ReadersLocale.h"
 
 #include <CLI/CLI.hpp>
 
@@ -26,6 +28,10 @@ public:
         addClientVerb("toggle", "Open the panel of the running launcher, or close it");
         addClientVerb("quit", "End the running launcher");
         addQuery();
+        addAnswer("calc", "Print what an expression comes to: pello calc '12*(3+4)'",
+                  AnswerCommand::Evaluator::calculator);
+        addAnswer("convert", "Print a conversion: pello convert '5 km to mi'",
+                  AnswerCommand::Evaluator::conversions);
         addSettings();
         app_.add_subcommand("terminal", "Search and run in this terminal")->callback([this] {
             command_ = TerminalCommand{};
@@ -62,11 +68,47 @@ private:
                     !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
                 return isWhole ? "" : "takes a whole number from 0, not \"" + text + '"';
             });
+        addSurroundings(*query);
         query->callback([this] {
             query_.text = CLI::detail::join(words_, " ");
+            query_.from = from_;
             query_.format = isJson_ ? QueryCommand::Format::json : QueryCommand::Format::text;
             command_ = query_;
         });
+    }
+
+    void addAnswer(const std::string& name, const std::string& description,
+                   AnswerCommand::Evaluator evaluator) {
+        CLI::App* answer = app_.add_subcommand(name, description);
+        addSurroundings(*answer);
+        answer->allow_extras(); // not an option of its own: "-2+3" would be taken for a flag
+        answer->callback([this, answer, evaluator] {
+            const auto words = answer->remaining();
+            if (words.empty()) {
+                throw CLI::RequiredError("A text to answer");
+            }
+            command_ = AnswerCommand{
+                .evaluator = evaluator, .text = CLI::detail::join(words, " "), .from = from_};
+        });
+    }
+
+    void addSurroundings(CLI::App& command) {
+        command
+            .add_option("--locale", from_.surroundings.locale,
+                        "Answer as this locale reads and writes (de_DE)")
+            ->check([](const std::string& name) {
+                return isReadersLocale(name) ? ""
+                                             : "takes a locale such as de_DE, not \"" + name + '"';
+            });
+        command
+            .add_option_function<std::string>(
+                "--now", [this](const std::string& text) { from_.now = typedMoment(text); },
+                "Answer as at this moment (2026-11-21T16:53Z)")
+            ->check([](const std::string& text) {
+                return typedMoment(text)
+                           ? ""
+                           : "takes a moment such as 2026-11-21T16:53Z, not \"" + text + '"';
+            });
     }
 
     void addSettings() {
@@ -99,6 +141,7 @@ private:
     CLI::App app_;
     AgentCommand agent_;
     QueryCommand query_;
+    AskedFrom from_;
     SettingsCommand settings_;
     std::vector<std::string> words_;
     bool isJson_ = false;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "answers/Surroundings.h"
+#include "base/Date.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -18,6 +21,24 @@ struct ClientCommand {
     std::string verb;
 };
 
+/// Where and when a question is asked, for scripts that want the same answer every time.
+struct AskedFrom {
+    Surroundings surroundings;
+    /// Without it, now.
+    std::optional<Date> now;
+
+    [[nodiscard]] Date moment() const { return now ? *now : Date::ofSystemClock(); }
+};
+
+/// `pello calc EXPR`, `pello convert TEXT`: prints the answer.
+struct AnswerCommand {
+    enum class Evaluator { calculator, conversions };
+
+    Evaluator evaluator = Evaluator::calculator;
+    std::string text;
+    AskedFrom from;
+};
+
 /// `pello query TEXT`: prints the ranked rows.
 struct QueryCommand {
     enum class Format { text, json };
@@ -27,6 +48,7 @@ struct QueryCommand {
     bool explains = false;
     /// At most this many rows; without it, as many as the panel shows.
     std::optional<std::ptrdiff_t> limit;
+    AskedFrom from;
 };
 
 /// `pello settings ...`: reads and changes the settings.
@@ -41,8 +63,8 @@ struct SettingsCommand {
 /// `pello terminal`: the launcher without a display.
 struct TerminalCommand {};
 
-using Command =
-    std::variant<AgentCommand, ClientCommand, QueryCommand, SettingsCommand, TerminalCommand>;
+using Command = std::variant<AgentCommand, ClientCommand, QueryCommand, AnswerCommand,
+                             SettingsCommand, TerminalCommand>;
 
 /// The exit statuses of the program.
 namespace ExitStatus {

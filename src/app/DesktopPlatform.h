@@ -3,6 +3,7 @@
 #include "app/LinuxServices.h"
 #include "platform/linux/InotifyFolderWatcher.h"
 #include "platform/linux/X11Compositor.h"
+#include "platform/linux/X11Pasteboard.h"
 #include "platform/qt/QtMainLoop.h"
 #include "ui/icons/IconLoader.h"
 
@@ -20,7 +21,8 @@ public:
 private:
     InotifyFolderWatcher watcher_;
     QtMainLoop loop_;
-    LinuxServices services_{loop_, watcher_, LinuxServices::Session::connected};
+    X11Pasteboard pasteboard_;
+    LinuxServices services_{loop_, watcher_, pasteboard_, LinuxServices::Session::connected};
     X11Compositor compositor_;
     IconLoader icons_;
 };

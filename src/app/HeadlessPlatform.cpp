@@ -2,6 +2,7 @@
 
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryMainLoop.h"
+#include "platform/memory/MemoryPasteboard.h"
 
 #include <QCoreApplication>
 
@@ -11,19 +12,24 @@
 namespace pello {
 
 struct HeadlessPlatform::Adapters {
-    explicit Adapters(LinuxServices::Session session) : services(loop, watcher, session) {}
+    Adapters(LinuxServices::Session session, std::optional<Date> stopped)
+        : stoppedAt(stopped), services(loop, watcher, pasteboard, session) {}
+
+    [[nodiscard]] Date now() const { return stoppedAt ? *stoppedAt : Date::ofSystemClock(); }
 
     int argumentCount = 1;
     std::string name = "pello";
     std::array<char*, 2> arguments = {name.data(), nullptr};
     QCoreApplication application{argumentCount, arguments.data()};
-    MemoryMainLoop loop{Date::ofSystemClock()};
+    std::optional<Date> stoppedAt;
+    MemoryMainLoop loop{now()};
     MemoryFolderWatcher watcher; // one command is over before anything changes
+    MemoryPasteboard pasteboard;
     LinuxServices services;
 };
 
-HeadlessPlatform::HeadlessPlatform(LinuxServices::Session session)
-    : adapters_(std::make_unique<Adapters>(session)) {}
+HeadlessPlatform::HeadlessPlatform(LinuxServices::Session session, std::optional<Date> stoppedAt)
+    : adapters_(std::make_unique<Adapters>(session, stoppedAt)) {}
 HeadlessPlatform::~HeadlessPlatform() = default;
 
 Platform HeadlessPlatform::ports() {
@@ -39,7 +45,7 @@ LoginItem& HeadlessPlatform::loginItem() {
 }
 
 void HeadlessPlatform::turn() {
-    adapters_->loop.setNow(Date::ofSystemClock());
+    adapters_->loop.setNow(adapters_->now());
     adapters_->loop.settle();
     QCoreApplication::processEvents(); // this is the main loop: nothing else turns the toolkit's
     adapters_->loop.settle();

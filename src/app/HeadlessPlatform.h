@@ -4,6 +4,7 @@
 #include "app/Platform.h"
 
 #include <memory>
+#include <optional>
 
 namespace pello {
 
@@ -11,7 +12,8 @@ namespace pello {
 /// turns only when told to. Serves one command and ends with it.
 class HeadlessPlatform {
 public:
-    explicit HeadlessPlatform(LinuxServices::Session session);
+    /// With `stoppedAt`, the clock stands still there.
+    explicit HeadlessPlatform(LinuxServices::Session session, std::optional<Date> stoppedAt = {});
     ~HeadlessPlatform();
     HeadlessPlatform(const HeadlessPlatform&) = delete;
     HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
@@ -20,7 +22,8 @@ public:
     [[nodiscard]] UserDefaults& defaults();
     [[nodiscard]] LoginItem& loginItem();
 
-    /// Sets the loop's clock and lets everything that is due happen, background work included.
+    /// Sets the loop's clock, if it goes, and lets everything that is due happen, background work
+    /// included.
     void turn();
 
 private:

@@ -2,25 +2,32 @@
 
 namespace pello {
 
-Launcher::Launcher(const Platform& platform)
+Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
     : log_(platform.log),
       settings_(platform.defaults, platform.loginItem),
       usage_(platform.defaults, platform.loop),
       queryHistory_(platform.defaults),
       indexer_(platform.loop, platform.watcher, platform.bundles, platform.workspace,
                platform.home),
+      aliases_(platform.loop, platform.addressHandlers, platform.workspace),
+      quickActions_(platform.loop, platform.workspace, platform.pasteboard),
       controller_({.settings = settings_,
                    .indexer = indexer_,
+                   .aliases = aliases_,
+                   .quickActions = quickActions_,
                    .usage = usage_,
                    .queryHistory = queryHistory_,
                    .loop = platform.loop,
                    .workspace = platform.workspace,
+                   .pasteboard = platform.pasteboard,
                    .bundles = platform.bundles}),
       onProblem_(platform.defaults.problem.connect(
           [this](const std::string& sentence) { controller_.report(sentence); })),
       onFailure_(platform.workspace.failed.connect([this](const std::string& sentence) {
           log_.panel.error(sentence);
           controller_.report(sentence);
-      })) {}
+      })) {
+    quickActions_.prepare(surroundings);
+}
 
 } // namespace pello

@@ -9,11 +9,13 @@ namespace pello {
 /// Everything of the launcher that has no window, put together over one platform.
 class Launcher {
 public:
-    explicit Launcher(const Platform& platform);
+    /// Begins to prepare what is needed for answers in `surroundings`.
+    explicit Launcher(const Platform& platform, const Surroundings& surroundings = {});
 
     [[nodiscard]] PelloController& controller() { return controller_; }
     [[nodiscard]] PelloSettings& settings() { return settings_; }
     [[nodiscard]] const UsageStore& usage() const { return usage_; }
+    [[nodiscard]] const QuickActions& quickActions() const { return quickActions_; }
 
 private:
     PelloLog log_;
@@ -21,6 +23,8 @@ private:
     UsageStore usage_;
     QueryHistory queryHistory_;
     AppIndexer indexer_;
+    AliasIndex aliases_;
+    QuickActions quickActions_;
     PelloController controller_;
     Subscription onProblem_;
     Subscription onFailure_;

@@ -29,9 +29,11 @@ QDBusConnection busOf(LinuxServices::Session session, const Environment& environ
 
 } // namespace
 
-LinuxServices::LinuxServices(MainLoop& mainLoop, FolderWatcher& folderWatcher, Session session)
+LinuxServices::LinuxServices(MainLoop& mainLoop, FolderWatcher& folderWatcher,
+                             Pasteboard& generalPasteboard, Session session)
     : loop(mainLoop),
       watcher(folderWatcher),
+      pasteboard(generalPasteboard),
       environment(Environment::ofThisProcess()),
       folders(xdgFolders(environment)),
       log(makeSystemLog(folders)),
@@ -46,6 +48,8 @@ Platform LinuxServices::ports() {
             .watcher = watcher,
             .bundles = bundles,
             .workspace = workspace,
+            .addressHandlers = addressHandlers,
+            .pasteboard = pasteboard,
             .loginItem = loginItem,
             .log = *log,
             .home = folders.home};

@@ -5,6 +5,7 @@
 #include "platform/linux/DesktopBundleReader.h"
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/Environment.h"
+#include "platform/linux/GioAddressHandlers.h"
 #include "platform/linux/PlistUserDefaults.h"
 #include "platform/linux/XdgFolders.h"
 
@@ -12,24 +13,28 @@
 
 namespace pello {
 
-/// The adapters of this desktop that need no display, over a main loop and a folder watcher that
-/// somebody else chose and keeps alive. Needs the toolkit's application object to exist.
+/// The adapters of this desktop that need no display, over a main loop, a folder watcher and a
+/// pasteboard that somebody else chose and keeps alive. Needs the toolkit's application object to
+/// exist.
 struct LinuxServices {
     /// Where the services of the session may be asked: programs that only read need not connect.
     enum class Session { connected, leftAlone };
 
-    LinuxServices(MainLoop& mainLoop, FolderWatcher& folderWatcher, Session session);
+    LinuxServices(MainLoop& mainLoop, FolderWatcher& folderWatcher, Pasteboard& generalPasteboard,
+                  Session session);
 
     [[nodiscard]] Platform ports();
 
     MainLoop& loop;
     FolderWatcher& watcher;
+    Pasteboard& pasteboard;
     Environment environment;
     XdgFolders folders;
     std::unique_ptr<Log> log;
     PlistUserDefaults defaults;
     DesktopBundleReader bundles;
     DesktopWorkspace workspace;
+    GioAddressHandlers addressHandlers;
     AutostartLoginItem loginItem;
 };
 

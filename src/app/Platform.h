@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/AddressHandlers.h"
 #include "platform/BundleReader.h"
 #include "platform/FolderWatcher.h"
 #include "platform/Log.h"
 #include "platform/LoginItem.h"
 #include "platform/MainLoop.h"
+#include "platform/Pasteboard.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 
@@ -19,6 +21,8 @@ struct Platform {
     FolderWatcher& watcher;
     const BundleReader& bundles;
     Workspace& workspace;
+    const AddressHandlers& addressHandlers;
+    Pasteboard& pasteboard;
     LoginItem& loginItem;
     Log& log;
     /// The user's home folder.

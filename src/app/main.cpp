@@ -1,4 +1,5 @@
 #include "app/Agent.h"
+#include "app/AnswerCommand.h"
 #include "app/ClientCommand.h"
 #include "app/CommandLine.h"
 #include "app/QueryCommand.h"

@@ -49,6 +49,17 @@ TEST(CommandLineTest, AQueryTakesItsWordsTogetherAndOptionsAnywhere) {
     EXPECT_EQ(command<QueryCommand>({"query", ""}).text, "");
 }
 
+TEST(CommandLineTest, AnAnswerTakesTextThatLooksLikeAnOption) {
+    const auto calc = command<AnswerCommand>({"calc", "-2^2", "--locale", "de_DE"});
+    EXPECT_EQ(calc.text, "-2^2");
+    EXPECT_EQ(calc.from.surroundings.locale, "de_DE");
+    const auto convert =
+        command<AnswerCommand>({"convert", "--now", "2026-11-21T16:53Z", "5", "km"});
+    EXPECT_EQ(convert.text, "5 km");
+    EXPECT_EQ(convert.evaluator, AnswerCommand::Evaluator::conversions);
+    EXPECT_EQ(convert.from.now, Date::fromUnix(1795279980));
+}
+
 TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
     EXPECT_EQ(status({"--help"}), 0);
     EXPECT_EQ(status({"query", "--help"}), 0);
@@ -59,6 +70,10 @@ TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
                                                {"query"},
                                                {"query", "x", "--limit", "many"},
                                                {"query", "x", "--limit", "-1"},
+                                               {"calc"},
+                                               {"calc", "1+1", "--locale", "xx"},
+                                               {"convert", "5 km", "--now", "tomorrow"},
+                                               {"query", "x", "--now", "2026-13-01"},
                                                {"settings"},
                                                {"settings", "set", "key"},
                                                {"settings", "get"},

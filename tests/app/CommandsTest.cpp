@@ -68,20 +68,32 @@ protected:
 TEST_F(CommandsTest, QueryPrintsInstalledApplicationsBestFirst) {
     const Outcome found = pello({"query", "saf"});
     EXPECT_EQ(found.status, 0);
-    EXPECT_EQ(found.output, "Safari\t~/data/applications\nSafe Mode\t~/data/applications\n");
-    EXPECT_EQ(pello({"query", "safe", "m"}).output, "Safe Mode\t~/data/applications\n");
+    EXPECT_EQ(found.output, "Safari\t~/data/applications\nSafe Mode\t~/data/applications\n"
+                            "Search for “saf”\tDuckDuckGo\n");
+    EXPECT_THAT(pello({"query", "safe", "m"}).output,
+                StartsWith("Safe Mode\t~/data/applications\nSearch for"));
     EXPECT_EQ(pello({"query", "saf", "--limit", "1"}).output, "Safari\t~/data/applications\n");
     EXPECT_THAT(pello({"query", "saf", "--explain"}).output,
                 AllOf(HasSubstr("title \"Safari\""), HasSubstr("learned: nothing")));
 }
 
 TEST_F(CommandsTest, QueryThatMatchesNothingSaysSoByItsStatus) {
-    const Outcome nothing = pello({"query", "xyzzy"});
+    const Outcome nothing = pello({"query", " "});
     EXPECT_EQ(nothing.status, 1);
     EXPECT_THAT(nothing.output, IsEmpty());
-    const Outcome json = pello({"query", "xyzzy", "--json"});
+    const Outcome json = pello({"query", "saf", "--limit", "0", "--json"});
     EXPECT_EQ(json.status, 1);
     EXPECT_THAT(nlohmann::json::parse(json.output)["results"], IsEmpty());
+}
+
+TEST_F(CommandsTest, AnswersArePrintedAlone) {
+    EXPECT_EQ(pello({"calc", "10/4", "--locale", "de_DE"}).output, "2,5\n");
+    EXPECT_EQ(pello({"convert", "1 day", "--locale", "en_US"}).output, "24 hr\n");
+    const Outcome nothing = pello({"calc", "2+"});
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_EQ(nothing.output + nothing.complaint, "");
+    EXPECT_THAT(pello({"query", "72 f", "--locale", "en_US"}).output,
+                StartsWith("22.2222°C\t72 degrees Fahrenheit in degrees Celsius\n"));
 }
 
 TEST_F(CommandsTest, QueryAsJsonNamesTheFile) {
@@ -98,7 +110,8 @@ TEST_F(CommandsTest, SettingsLastAndRefuseNonsense) {
     EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "8\n");
     EXPECT_EQ(pello({"settings", "set", "maximumResults", "1"}).status, 0);
     EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "1\n");
-    EXPECT_EQ(pello({"query", "saf"}).output, "Safari\t~/data/applications\n");
+    EXPECT_THAT(pello({"query", "saf"}).output,
+                StartsWith("Safari\t~/data/applications\nSearch for"));
     const Outcome refused = pello({"settings", "set", "maximumResults", "many"});
     EXPECT_EQ(refused.status, 2);
     EXPECT_THAT(refused.complaint, HasSubstr("maximumResults"));

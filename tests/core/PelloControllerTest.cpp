@@ -63,19 +63,21 @@ TEST_F(PelloControllerTest, ObserversHearOncePerChangeAndNotOfTheSameText) {
     EXPECT_EQ(announcements, 1);
     controller.setSelection(1);
     controller.setSelection(9);
-    EXPECT_EQ(announcements, 2) << "there is no row beyond the second";
+    controller.setSelection(2);
+    EXPECT_EQ(announcements, 3) << "there is no row beyond the third";
+    controller.setQuery("");
     controller.refresh();
-    EXPECT_EQ(announcements, 2) << "nothing changed";
+    EXPECT_EQ(announcements, 4) << "nothing changed";
 }
 
 TEST_F(PelloControllerTest, NewResultsClampTheSelectionAndKeepItOtherwise) {
     controller.setQuery("t");
-    ASSERT_THAT(titles(), SizeIs(2));
-    controller.setSelection(1);
+    ASSERT_THAT(controller.results(), SizeIs(3));
+    controller.setSelection(2);
     controller.setQuery("te");
-    EXPECT_EQ(controller.selection(), 1);
+    EXPECT_EQ(controller.selection(), 2);
     controller.setQuery("term");
-    EXPECT_EQ(controller.selection(), 0);
+    EXPECT_EQ(controller.selection(), 1);
 }
 
 TEST_F(PelloControllerTest, StartingCompactShowsNothingUntilSomethingIsTyped) {
@@ -129,6 +131,32 @@ TEST_F(PelloControllerTest, WhatWasPickedComesFirstTheNextTime) {
     pick("s", 1);
     EXPECT_THAT(found("s"), ElementsAre("Safe Mode", "Safari"));
     EXPECT_THAT(found("sa"), ElementsAre("Safe Mode", "Safari")) << "used is used";
+}
+
+TEST_F(PelloControllerTest, AnswersComeFirstAndAreCopiedWithoutClosing) {
+    quickActions.prepare({.locale = "en_US"});
+    controller.setPanel(&panel);
+    controller.show("2+2");
+    EXPECT_THAT(titles(), IsEmpty()) << "not prepared yet";
+    loop.settle();
+    EXPECT_THAT(titles(), ElementsAre("4"));
+    EXPECT_FALSE(controller.isSelectionCopied());
+    EXPECT_TRUE(controller.copySelection());
+    EXPECT_TRUE(controller.isSelectionCopied());
+    EXPECT_TRUE(panel.isPresented());
+    EXPECT_EQ(pasteboard.text(), "4");
+    controller.setQuery("saf");
+    EXPECT_FALSE(controller.copySelection());
+    EXPECT_EQ(pasteboard.text(), "4");
+}
+
+TEST_F(PelloControllerTest, AliasesAreFoundLikeApplicationsAndFollowTheSettings) {
+    settings.urlAliases.set({{.alias = "Safe Deposit", .url = "bank.test"}});
+    loop.settle();
+    EXPECT_THAT(found("safe dep"), ElementsAre("Safe Deposit"));
+    pick("safe dep");
+    EXPECT_THAT(workspace.openedAddresses, ElementsAre("https://bank.test"));
+    EXPECT_GT(usage.boost("alias:safe deposit", "safe dep"), 0);
 }
 
 TEST_F(PelloControllerTest, EphemeralItemsAreRememberedAsQueriesOnly) {

@@ -33,9 +33,9 @@ class LauncherTest(unittest.TestCase):
         self.wait_until_closed()
 
     def wait_for_rows(self, count):
-        """Waits until the panel is as high as `count` rows make it."""
+        """Waits until the panel is as high as `count` rows and the web search make it."""
         header, row, padding = 60, 50, 14
-        height = header + (count * row + padding if count else 0)
+        height = header + (count + 1) * row + padding
         self.sizes.until(lambda line: f"specified size: 720 by {height}" in line, f"{count} rows")
 
     def wait_until_closed(self):

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/controller/PelloController.h"
+#include "platform/memory/MemoryAddressHandlers.h"
 #include "platform/memory/MemoryBundleReader.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryLoginItem.h"
 #include "platform/memory/MemoryMainLoop.h"
+#include "platform/memory/MemoryPasteboard.h"
 #include "platform/memory/MemoryUserDefaults.h"
 #include "platform/memory/MemoryWorkspace.h"
 #include "support/TemporaryFolder.h"
@@ -38,11 +40,13 @@ public:
         loop.settle();
     }
 
-    /// The titles of the rows, from the top.
+    /// The titles of the rows, from the top, but for the web search that every text ends in.
     [[nodiscard]] std::vector<std::string> titles() const {
         std::vector<std::string> titles;
         for (const SearchResult& result : controller.results()) {
-            titles.push_back(result.item->title);
+            if (result.item->kind != LaunchItem::Kind::webSearch) {
+                titles.push_back(result.item->title);
+            }
         }
         return titles;
     }
@@ -85,17 +89,24 @@ public:
     MemoryFolderWatcher watcher;
     MemoryBundleReader bundles{"app", {applications}};
     MemoryWorkspace workspace;
+    MemoryAddressHandlers addressHandlers;
+    MemoryPasteboard pasteboard;
     PelloSettings settings{defaults, loginItem};
     UsageStore usage{defaults, loop};
     QueryHistory history{defaults};
     AppIndexer indexer{loop, watcher, bundles, workspace, folder.path()};
+    AliasIndex aliases{loop, addressHandlers, workspace};
+    QuickActions quickActions{loop, workspace, pasteboard};
     Catalogue glyphs;
     PelloController controller{{.settings = settings,
                                 .indexer = indexer,
+                                .aliases = aliases,
+                                .quickActions = quickActions,
                                 .usage = usage,
                                 .queryHistory = history,
                                 .loop = loop,
                                 .workspace = workspace,
+                                .pasteboard = pasteboard,
                                 .bundles = bundles,
                                 .glyphs = glyphs}};
 };

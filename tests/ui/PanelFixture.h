@@ -35,11 +35,11 @@ protected:
 
     [[nodiscard]] std::string text() { return panel.field().query(); }
 
-    /// The titles in the list, the selected one in brackets.
+    /// The titles in the list but for the last, the web search, with the selected one in brackets.
     [[nodiscard]] std::vector<std::string> rows() {
         std::vector<std::string> titles;
         const auto* model = panel.list().model();
-        for (int row = 0; row < model->rowCount(); ++row) {
+        for (int row = 0; row < model->rowCount() - 1; ++row) {
             auto title = model->index(row, 0).data().toString().toStdString();
             const bool isSelected = panel.list().currentIndex().row() == row;
             titles.push_back(isSelected ? '[' + title + ']' : title);

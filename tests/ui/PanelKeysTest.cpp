@@ -30,7 +30,9 @@ TEST_F(PanelKeysTest, ArrowsAndTheirLettersStepThroughTheRowsAndStopAtTheLast) {
     press(Qt::Key_Down);
     EXPECT_THAT(rows(), ElementsAre("Terminal", "[Text Editor]"));
     press(Qt::Key_Down);
-    EXPECT_EQ(controller.selection(), 1);
+    press(Qt::Key_Down);
+    EXPECT_EQ(controller.selection(), 2) << "the web search";
+    press(Qt::Key_Up);
     press(Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(controller.selection(), 0);
     press(Qt::Key_N, Qt::ControlModifier);
@@ -44,15 +46,28 @@ TEST_F(PanelKeysTest, PageKeysAndTheKeysForBothEndsJump) {
     type("alpha");
     ASSERT_THAT(rows(), SizeIs(7));
     press(Qt::Key_End);
-    EXPECT_EQ(controller.selection(), 6);
+    EXPECT_EQ(controller.selection(), 7);
     press(Qt::Key_Home);
-    EXPECT_EQ(controller.selection(), 6) << "the caret was not at the start";
+    EXPECT_EQ(controller.selection(), 7) << "the caret was not at the start";
     press(Qt::Key_Home);
     EXPECT_EQ(controller.selection(), 0);
     press(Qt::Key_PageDown);
     EXPECT_GT(controller.selection(), 1);
     press(Qt::Key_PageUp);
     EXPECT_EQ(controller.selection(), 0);
+}
+
+TEST_F(PanelKeysTest, ControlCCopiesTheSelectedTextOrElseTheAnswer) {
+    launcher.quickActions.prepare({.locale = "en_US"});
+    launcher.loop.settle();
+    type("6*7");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(launcher.pasteboard.text(), "") << "the field copied its own text";
+    press(Qt::Key_End);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(launcher.pasteboard.text(), "42");
+    EXPECT_TRUE(panel.isPresented());
 }
 
 TEST_F(PanelKeysTest, TabAndTheRightArrowAtTheEndTakeTheCompletion) {

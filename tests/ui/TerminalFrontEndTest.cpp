@@ -40,12 +40,13 @@ TEST_F(TerminalFrontEndTest, AnEmptyLineRunsTheFirstRow) {
 TEST_F(TerminalFrontEndTest, ANumberRunsThatRowAndAnyOtherTextSearches) {
     EXPECT_THAT(converse("saf\n2\n"), HasSubstr("Running Safe Mode"));
     EXPECT_THAT(launcher.opened(), ElementsAre("Safe Mode"));
-    EXPECT_THAT(converse("saf\n3\n"), HasSubstr("Nothing matches."));
+    EXPECT_THAT(converse("saf\n4\n"), HasSubstr("Search for “4”"));
 }
 
-TEST_F(TerminalFrontEndTest, NothingFoundRunsNothing) {
-    EXPECT_THAT(converse("xyz\n\n"), HasSubstr("Nothing matches."));
+TEST_F(TerminalFrontEndTest, WhatMatchesNothingElseIsSearchedForOnTheWeb) {
+    EXPECT_THAT(converse("xyz\n\n"), HasSubstr("Running Search for “xyz”"));
     EXPECT_THAT(launcher.opened(), IsEmpty());
+    EXPECT_THAT(launcher.workspace.openedAddresses, ElementsAre("https://duckduckgo.com/?q=xyz"));
 }
 
 TEST_F(TerminalFrontEndTest, NoticesAreShownOnce) {

@@ -3,9 +3,11 @@
 
 #include "core/controller/PelloController.h"
 #include "platform/linux/X11Compositor.h"
+#include "platform/memory/MemoryAddressHandlers.h"
 #include "platform/memory/MemoryBundleReader.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryLoginItem.h"
+#include "platform/memory/MemoryPasteboard.h"
 #include "platform/memory/MemoryUserDefaults.h"
 #include "platform/memory/MemoryWorkspace.h"
 #include "platform/qt/QtMainLoop.h"
@@ -101,12 +103,20 @@ int main(int argc, char** argv) {
     MemoryFolderWatcher watcher;
     MemoryWorkspace workspace;
     AppIndexer indexer(loop, watcher, bundles, workspace, {});
+    const MemoryAddressHandlers handlers;
+    MemoryPasteboard pasteboard;
+    AliasIndex aliases(loop, handlers, workspace);
+    QuickActions quickActions(loop, workspace, pasteboard);
+    quickActions.prepare({});
     PelloController controller({.settings = settings,
                                 .indexer = indexer,
+                                .aliases = aliases,
+                                .quickActions = quickActions,
                                 .usage = usage,
                                 .queryHistory = history,
                                 .loop = loop,
                                 .workspace = workspace,
+                                .pasteboard = pasteboard,
                                 .bundles = bundles,
                                 .glyphs = {PreparedList::make(samples())}});
     const std::vector<std::string> themes{"Adwaita"};

@@ -53,12 +53,15 @@ private:
 
 PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts)) {
     parts_.indexer.onIndexChanged = [this] { sourcesChanged(); };
+    parts_.aliases.onIndexChanged = [this] { refresh(); };
+    parts_.quickActions.onChanged = [this] { refresh(); };
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
-        configureIndexer();
+        configureSources();
         refresh();
     }));
     subscriptions_.push_back(parts_.usage.changed.connect([this] { refresh(); }));
     parts_.indexer.configure(parts_.settings.searchDirectories(parts_.bundles.standardFolders()));
+    parts_.aliases.configure(parts_.settings.urlAliases.get());
     refresh();
 }
 
@@ -144,7 +147,8 @@ std::vector<SearchResult> PelloController::search() const {
                                 : SearchEngine::results(now.text, parts_.glyphs, {}, parts_.usage,
                                                         kMaximumGlyphResults);
     }
-    return SearchEngine::results(query_, catalogue(), {}, parts_.usage,
+    const auto quickActions = parts_.quickActions.items(query_, parts_.settings);
+    return SearchEngine::results(query_, catalogue(), quickActions, parts_.usage,
                                  parts_.settings.maximumResults.get());
 }
 
@@ -161,7 +165,7 @@ void PelloController::clampSelection() {
 }
 
 Catalogue PelloController::catalogue() const {
-    return {parts_.indexer.items()};
+    return {parts_.indexer.items(), parts_.aliases.items()};
 }
 
 // Running
@@ -184,6 +188,23 @@ void PelloController::revealSelection() {
         hide();
         parts_.workspace.reveal(*file);
     }
+}
+
+bool PelloController::copySelection() {
+    const SearchResult* result = selectedResult();
+    if (result == nullptr || result->item->kind != LaunchItem::Kind::calculation) {
+        return false;
+    }
+    const Change change(*this);
+    parts_.pasteboard.setText(result->item->title);
+    copied_ = result->item;
+    announce();
+    return true;
+}
+
+bool PelloController::isSelectionCopied() const {
+    const SearchResult* result = selectedResult();
+    return result != nullptr && result->item == copied_;
 }
 
 void PelloController::run(const LaunchItemRef& item) {
@@ -283,7 +304,8 @@ void PelloController::resetPanelPlacement() {
 
 // The sources
 
-void PelloController::configureIndexer() {
+void PelloController::configureSources() {
+    parts_.aliases.configure(parts_.settings.urlAliases.get());
     const auto wanted = parts_.settings.searchDirectories(parts_.bundles.standardFolders());
     if (wanted != parts_.indexer.directories()) {
         parts_.indexer.configure(wanted);
@@ -294,6 +316,7 @@ void PelloController::configureIndexer() {
 void PelloController::reindex(Pruning pruning) {
     prunesAfterScan_ = prunesAfterScan_ || pruning == Pruning::forgetMissing;
     parts_.indexer.rescan();
+    parts_.aliases.rescan();
 }
 
 void PelloController::sourcesChanged() {

@@ -8,10 +8,13 @@
 #include "core/settings/QueryHistory.h"
 #include "platform/BundleReader.h"
 #include "platform/MainLoop.h"
+#include "platform/Pasteboard.h"
 #include "platform/Workspace.h"
 #include "search/PreparedList.h"
 #include "search/UsageStore.h"
+#include "sources/AliasIndex.h"
 #include "sources/AppIndexer.h"
+#include "sources/QuickActions.h"
 
 #include <optional>
 #include <span>
@@ -25,10 +28,13 @@ namespace pello {
 struct ControllerParts {
     PelloSettings& settings;
     AppIndexer& indexer;
+    AliasIndex& aliases;
+    QuickActions& quickActions;
     UsageStore& usage;
     QueryHistory& queryHistory;
     MainLoop& loop;
     Workspace& workspace;
+    Pasteboard& pasteboard;
     const BundleReader& bundles;
     /// What glyph searches search. Without glyphs their prefixes mean nothing special.
     Catalogue glyphs;
@@ -90,6 +96,13 @@ public:
     void runSelection();
     void revealSelection();
 
+    /// Puts the selected answer on the pasteboard; the panel stays. False when the selected row is
+    /// no answer.
+    bool copySelection();
+
+    /// Whether the selected row is an answer that was copied since the last refresh.
+    [[nodiscard]] bool isSelectionCopied() const;
+
     /// Records the choice, hides the panel and starts the item's action in a later turn of the main
     /// loop.
     void run(const LaunchItemRef& item);
@@ -135,7 +148,7 @@ private:
     void replaceResults(std::vector<SearchResult> results);
     void clampSelection();
     void recall(std::string_view text, std::optional<int> cursor);
-    void configureIndexer();
+    void configureSources();
     void sourcesChanged();
     void pruneUsage();
     void announce();
@@ -150,6 +163,7 @@ private:
     int selection_ = 0;
     int presentationToken_ = 0;
     std::optional<std::string> notice_;
+    LaunchItemRef copied_;
     std::optional<int> historyCursor_;
     std::string draftQuery_;
     bool isRecallingHistory_ = false;

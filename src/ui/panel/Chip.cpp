@@ -16,10 +16,16 @@ void paintChip(QPainter& painter, const QRect& area, const PanelStyle& style, co
     painter.setPen(Qt::NoPen);
     painter.setBrush(style.theme.chip);
     painter.drawRoundedRect(pill, style.metrics.chipRadius, style.metrics.chipRadius);
-    const QRect inner = pill.adjusted(style.metrics.chipPadding, 0, -style.metrics.chipPadding, 0);
+    paintChipText(painter, pill, style, text);
+}
+
+void paintChipText(QPainter& painter, const QRect& area, const PanelStyle& style,
+                   const QString& text) {
+    const QFontMetrics metrics(style.subtitleFont);
+    const QRect inner = area.adjusted(style.metrics.chipPadding, 0, -style.metrics.chipPadding, 0);
     painter.setPen(style.theme.dim);
     painter.setFont(style.subtitleFont);
-    const bool fits = chipWidth(style, text) <= pill.width();
+    const bool fits = chipWidth(style, text) <= area.width();
     painter.drawText(inner, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip,
                      fits ? text : metrics.elidedText(text, Qt::ElideRight, inner.width()));
 }

@@ -14,4 +14,8 @@ namespace pello {
 /// Paints a pill with `text`, shortened to the width of `area` and in the middle of its height.
 void paintChip(QPainter& painter, const QRect& area, const PanelStyle& style, const QString& text);
 
+/// The text alone, in the place that it has on the pill.
+void paintChipText(QPainter& painter, const QRect& area, const PanelStyle& style,
+                   const QString& text);
+
 } // namespace pello

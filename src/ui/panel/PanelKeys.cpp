@@ -31,6 +31,7 @@ bool PanelKeys::handle(const QKeyEvent& event) {
         {Qt::Key_Left, Qt::NoModifier, &PanelKeys::completeByLeft},
         {Qt::Key_Escape, Qt::NoModifier, &PanelKeys::clearOrClose},
         {Qt::Key_R, Qt::ControlModifier, &PanelKeys::reveal},
+        {Qt::Key_C, Qt::ControlModifier, &PanelKeys::copy},
     });
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9) {
@@ -131,6 +132,11 @@ bool PanelKeys::clearOrClose() {
 bool PanelKeys::reveal() {
     controller_.revealSelection();
     return true;
+}
+
+/// Selected text is what the user wants to copy, if there is any.
+bool PanelKeys::copy() {
+    return !field_.hasSelectedText() && controller_.copySelection();
 }
 
 bool PanelKeys::runRow(int row) {

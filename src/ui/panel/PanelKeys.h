@@ -38,6 +38,7 @@ private:
     bool completeAtEnd();
     bool clearOrClose();
     bool reveal();
+    bool copy();
     bool runRow(int row);
     bool swallow() { return true; } // NOLINT(*-to-static): stands in a table of members
 

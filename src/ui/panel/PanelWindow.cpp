@@ -125,6 +125,7 @@ void PanelWindow::refresh() {
     field_.setQuery(controller_.query());
     field_.setCompletion(controller_.inlineCompletion().value_or(""));
     list_.setResults(controller_.results(), controller_.selection());
+    list_.setCopied(controller_.isSelectionCopied());
     notice_.setNotice(controller_.notice());
     fitHeight();
 }

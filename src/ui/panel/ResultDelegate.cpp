@@ -27,6 +27,10 @@ QString shortened(const QString& text, const QFont& font, int width) {
     return QFontMetrics(font).elidedText(text, isPath ? Qt::ElideMiddle : Qt::ElideRight, width);
 }
 
+bool isAnswer(const LaunchItem& item) {
+    return item.kind == LaunchItem::Kind::calculation;
+}
+
 } // namespace
 
 ResultDelegate::ResultDelegate(const PanelStyle& style, IconLoader& icons)
@@ -62,38 +66,53 @@ void ResultDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 
     const int textStart = metrics.icon + metrics.rowPadding;
     const QRect texts = part(inner, option.direction, textStart, inner.width() - textStart);
-    paintTexts(*painter, paintAccessory(*painter, texts, option, *result.item), result);
+    const Accessory end = accessory(*result.item, option.state.testFlag(QStyle::State_Selected));
+    paintTexts(*painter, paintAccessory(*painter, texts, option.direction, end), result);
 }
 
-/// Paints the pill, if there is one, and returns the room that is left for the texts.
-QRect ResultDelegate::paintAccessory(QPainter& painter, const QRect& area,
-                                     const QStyleOptionViewItem& option,
-                                     const LaunchItem& item) const {
-    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-    QString text = isSelected ? QStringLiteral("↩") : QString();
-    if (item.accessory && !item.accessory->empty()) {
-        text = lineOf(*item.accessory);
+/// Words stand by themselves; keys, and what Return does in the selected row, in a pill.
+ResultDelegate::Accessory ResultDelegate::accessory(const LaunchItem& item, bool isSelected) const {
+    const QString own = item.accessory ? lineOf(*item.accessory) : QString();
+    if (isSelected && isAnswer(item)) {
+        return {.text = showsCopied ? QStringLiteral("✓ Copied") : QStringLiteral("↩ ") + own,
+                .isChip = true};
     }
-    if (text.isEmpty()) {
+    if (isSelected && own.isEmpty()) {
+        return {.text = QStringLiteral("↩"), .isChip = true};
+    }
+    return {.text = own, .isChip = isSelected || item.kind == LaunchItem::Kind::menuItem};
+}
+
+/// Paints `accessory`, if there is one, and returns the room that is left for the texts.
+QRect ResultDelegate::paintAccessory(QPainter& painter, const QRect& area,
+                                     Qt::LayoutDirection direction,
+                                     const Accessory& accessory) const {
+    if (accessory.text.isEmpty()) {
         return area;
     }
-    const int width = std::min(chipWidth(style_, text), area.width() / 3);
-    paintChip(painter, part(area, option.direction, area.width() - width, width), style_, text);
+    const int width = std::min(chipWidth(style_, accessory.text), area.width() / 3);
+    const QRect place = part(area, direction, area.width() - width, width);
+    if (accessory.isChip) {
+        paintChip(painter, place, style_, accessory.text);
+    } else {
+        paintChipText(painter, place, style_, accessory.text);
+    }
     const int left = area.width() - width - style_.metrics.rowPadding;
-    return part(area, option.direction, 0, left);
+    return part(area, direction, 0, left);
 }
 
 void ResultDelegate::paintTexts(QPainter& painter, const QRect& area,
                                 const SearchResult& result) const {
     const LaunchItem& item = *result.item;
     const QString subtitle = item.subtitle ? lineOf(*item.subtitle) : QString();
-    const QFontMetrics title(style_.titleFont);
+    const QFont& titleFont = isAnswer(item) ? style_.answerFont : style_.titleFont;
+    const QFontMetrics title(titleFont);
     const int below = subtitle.isEmpty() ? 0 : QFontMetrics(style_.subtitleFont).height();
     const int top = area.y() + (area.height() - title.height() - below) / 2;
 
     painter.setPen(style_.theme.text);
     paintLine(painter, area, top + title.ascent(), MarkedText(item.title, result.titleMatches),
-              style_.titleFont, {.color = style_.theme.accent});
+              titleFont, {.color = style_.theme.accent});
     painter.setPen(style_.theme.dim);
     const QString shown = shortened(subtitle, style_.subtitleFont, area.width());
     paintLine(painter, area, top + title.height() + QFontMetrics(style_.subtitleFont).ascent(),

@@ -20,10 +20,20 @@ public:
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
 
+    /// Whether the selected row says that it was copied.
+    bool showsCopied = false;
+
 private:
+    /// What stands at the end of a row.
+    struct Accessory {
+        QString text;
+        bool isChip = false;
+    };
+
+    [[nodiscard]] Accessory accessory(const LaunchItem& item, bool isSelected) const;
     [[nodiscard]] QRect paintAccessory(QPainter& painter, const QRect& area,
-                                       const QStyleOptionViewItem& option,
-                                       const LaunchItem& item) const;
+                                       Qt::LayoutDirection direction,
+                                       const Accessory& accessory) const;
     void paintTexts(QPainter& painter, const QRect& area, const SearchResult& result) const;
 
     const PanelStyle& style_;

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace pello {
 
@@ -38,6 +39,12 @@ void ResultList::setResults(std::span<const SearchResult> results, int selection
     const QModelIndex current = model_.index(selection, 0);
     if (current != currentIndex()) {
         setCurrentIndex(current);
+    }
+}
+
+void ResultList::setCopied(bool isCopied) {
+    if (std::exchange(delegate_.showsCopied, isCopied) != isCopied) {
+        viewport()->update();
     }
 }
 

@@ -22,6 +22,9 @@ public:
     /// Shows `results`, with the row `selection` marked and in view.
     void setResults(std::span<const SearchResult> results, int selection);
 
+    /// Says in the selected row that its answer was copied, or says so no longer.
+    void setCopied(bool isCopied);
+
     /// How high the list should be where there is `room`: as high as all its rows or as many whole
     /// ones as fit, at least one. 0 without rows.
     [[nodiscard]] int heightWithin(int room) const;

@@ -28,6 +28,7 @@ PanelMetrics PanelMetrics::forFontSize(double fontSize) {
         *measure = static_cast<int>(std::lround(*measure * metrics.scale));
     }
     metrics.titlePixels *= metrics.scale;
+    metrics.answerPixels *= metrics.scale;
     metrics.subtitlePixels = std::max(kSmallestReadable, metrics.subtitlePixels * metrics.scale);
     metrics.fieldPixels *= metrics.scale;
     return metrics;

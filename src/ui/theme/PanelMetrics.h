@@ -31,6 +31,7 @@ struct PanelMetrics {
     int shadowMargin = 44;
 
     double titlePixels = 16;
+    double answerPixels = 19;
     double subtitlePixels = 12;
     double fieldPixels = 22;
 

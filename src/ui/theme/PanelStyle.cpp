@@ -17,6 +17,7 @@ PanelStyle PanelStyle::make(const QPalette& palette, const QFont& interfaceFont,
     return {.theme = PanelTheme::matching(palette),
             .metrics = metrics,
             .titleFont = sized(interfaceFont, metrics.titlePixels),
+            .answerFont = sized(interfaceFont, metrics.answerPixels),
             .subtitleFont = sized(interfaceFont, metrics.subtitlePixels),
             .fieldFont = sized(interfaceFont, metrics.fieldPixels)};
 }

@@ -12,6 +12,8 @@ struct PanelStyle {
     PanelTheme theme;
     PanelMetrics metrics;
     QFont titleFont;
+    /// For the titles of answers, which are what the user wants to read.
+    QFont answerFont;
     QFont subtitleFont;
     QFont fieldFont;
 

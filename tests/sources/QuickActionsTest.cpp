@@ -1,0 +1,143 @@
+#include "sources/QuickActions.h"
+
+#include "platform/memory/MemoryLoginItem.h"
+#include "platform/memory/MemoryMainLoop.h"
+#include "platform/memory/MemoryPasteboard.h"
+#include "platform/memory/MemoryUserDefaults.h"
+#include "platform/memory/MemoryWorkspace.h"
+#include "sources/TypedAddress.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace pello {
+namespace {
+
+using testing::ElementsAre;
+using testing::Eq;
+using testing::IsEmpty;
+using testing::Optional;
+
+class QuickActionsTest : public testing::Test {
+protected:
+    QuickActionsTest() {
+        actions.prepare({.locale = "en_US", .timeZone = "UTC"});
+        loop.settle();
+    }
+
+    std::vector<LaunchItemRef> items(std::string_view query) {
+        return actions.items(query, settings);
+    }
+
+    /// The ids of the items of `query`, in order, but for the web search at the end.
+    std::vector<std::string> ids(std::string_view query) {
+        std::vector<std::string> ids;
+        for (const LaunchItemRef& item : items(query)) {
+            ids.push_back(item->id);
+        }
+        EXPECT_EQ(ids.back(), "search:" + std::string(query));
+        ids.pop_back();
+        return ids;
+    }
+
+    MemoryMainLoop loop{Date{100'000'000}};
+    MemoryUserDefaults defaults;
+    MemoryLoginItem loginItem;
+    PelloSettings settings{defaults, loginItem};
+    MemoryWorkspace workspace;
+    MemoryPasteboard pasteboard;
+    QuickActions actions{loop, workspace, pasteboard};
+};
+
+TEST_F(QuickActionsTest, StandInTheirOrder) {
+    settings.bangs.set(
+        {{.keyword = "3", .name = "Three", .addressTemplate = "https://a.test/{query}"},
+         {.keyword = "2.50", .name = "Mark", .addressTemplate = "https://b.test/"}});
+    EXPECT_THAT(ids("3 + 4"), ElementsAre("bang:3:+ 4", "calc:7"));
+    EXPECT_THAT(ids("3 km"), ElementsAre("bang:3:km", "convert:unit:1.86411 mi"));
+    EXPECT_THAT(ids("2.50"), ElementsAre("bang:2.50:", "url:https://2.50"));
+    EXPECT_THAT(items(" \t"), IsEmpty());
+}
+
+TEST_F(QuickActionsTest, ABangWaitsForTheTextItWants) {
+    EXPECT_THAT(ids("g"), IsEmpty());
+    const auto bang = items("G salt & pepper").front();
+    EXPECT_EQ(bang->title, "Google: salt & pepper");
+    EXPECT_EQ(bang->subtitle, "https://www.google.com/search?q=salt%20%26%20pepper");
+    EXPECT_EQ(bang->accessory, "g");
+    EXPECT_TRUE(bang->isEphemeral);
+    bang->run();
+    EXPECT_THAT(workspace.openedAddresses, ElementsAre(*bang->subtitle));
+
+    settings.bangs.set({{.keyword = "mail", .name = "Post", .addressTemplate = "https://m.test/"}});
+    EXPECT_EQ(items("Mail").front()->title, "Open Post");
+}
+
+TEST_F(QuickActionsTest, ThePasteboardIsReadOnlyForABangThatAsksForIt) {
+    pasteboard.setText("guten Tag");
+    settings.bangs.set(
+        {{.keyword = "tr", .name = "Translate", .addressTemplate = "https://t.test/{clipboard}"},
+         {.keyword = "x", .name = "Other", .addressTemplate = "https://x.test/{query}"}});
+    static_cast<void>(items("t"));
+    static_cast<void>(items("x y"));
+    EXPECT_EQ(pasteboard.readings, 0);
+    EXPECT_EQ(items("tr").front()->subtitle, "https://t.test/guten%20Tag");
+    EXPECT_EQ(pasteboard.readings, 1);
+}
+
+TEST_F(QuickActionsTest, AnswersGoToThePasteboard) {
+    const auto sum = items(" 1000*2 ").front();
+    EXPECT_EQ(sum->title, "2,000");
+    EXPECT_EQ(sum->subtitle, "1000*2");
+    EXPECT_EQ(sum->kind, LaunchItem::Kind::calculation);
+    sum->run();
+    EXPECT_EQ(pasteboard.text(), "2,000");
+    const auto distance = items("5 km").front();
+    EXPECT_EQ(distance->subtitle, "5 kilometers in miles");
+    distance->run();
+    EXPECT_EQ(pasteboard.text(), "3.10686 mi");
+}
+
+TEST_F(QuickActionsTest, TheWebSearchTakesTheChosenEngineAndTheTextWithoutBlanks) {
+    settings.searchEngine.set(WebSearchEngine::kagi);
+    const auto search = items(" salt & pepper ").front();
+    EXPECT_EQ(search->id, "search:salt & pepper");
+    EXPECT_EQ(search->title, "Search for “salt & pepper”");
+    EXPECT_EQ(search->subtitle, "Kagi");
+    search->run();
+    EXPECT_THAT(workspace.openedAddresses,
+                ElementsAre("https://kagi.com/search?q=salt%20&%20pepper"));
+}
+
+TEST_F(QuickActionsTest, BeforeTheyArePreparedThereAreNoAnswers) {
+    QuickActions fresh(loop, workspace, pasteboard);
+    int changes = 0;
+    fresh.onChanged = [&] { ++changes; };
+    EXPECT_EQ(fresh.items("1+1", settings).size(), 1U) << "the web search needs no preparation";
+    fresh.prepare({});
+    fresh.prepare({.locale = "de_DE"});
+    loop.settle();
+    EXPECT_EQ(changes, 1) << "only the last preparation counts";
+    EXPECT_EQ(fresh.items("10/4", settings).front()->title, "2,5");
+}
+
+TEST(TypedAddressTest, IsAnAddressOfACommonSchemeOrAHostName) {
+    for (const char* address : {"http://a", "HTTPS://a.test", "ftp://a/b", "mailto:a@b.test",
+                                "ssh://host", "file:///tmp"}) {
+        EXPECT_THAT(detectURL(address), Optional(Eq(address)));
+    }
+    EXPECT_THAT(detectURL(" example.org/a?b "), Optional(Eq("https://example.org/a?b")));
+    EXPECT_THAT(detectURL("müller.de"), Optional(Eq("https://müller.de")));
+    EXPECT_THAT(detectURL("a.b.co/x.y z"), Eq(std::nullopt));
+    for (const char* text :
+         {"", " ", "word", ".net", "a.b", "a.b/cc.dd", "a.", "a..bc", "javascript:alert(1).com",
+          "localhost:3000", "x.test:8080", "example.org a", "a/b.test"}) {
+        EXPECT_THAT(detectURL(text), Eq(std::nullopt)) << text;
+    }
+}
+
+} // namespace
+} // namespace pello
