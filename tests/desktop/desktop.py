@@ -66,10 +66,11 @@ class Desktop:
         folders = {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
                    "XDG_DATA_DIRS": "system", "XDG_STATE_HOME": "state",
                    "XDG_CACHE_HOME": "cache", "XDG_RUNTIME_DIR": "runtime"}
-        for name in folders.values():
+        for name in [*folders.values(), "programs"]:
             (self.folder / name).mkdir(mode=0o700)
         (self.folder / "data/applications").mkdir()
-        kept = {"PATH": os.environ["PATH"], "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb"}
+        path = f"{self.folder / 'programs'}:{os.environ['PATH']}"
+        kept = {"PATH": path, "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb"}
         return kept | {key: str(self.folder / name) for key, name in folders.items()}
 
     def _start_display(self):
@@ -186,13 +187,29 @@ class Desktop:
         self.stack.callback(os.close, descriptor)
         return Lines(descriptor, "the pipe of the marks")
 
+    def add_marking_program(self, name):
+        """Installs a program that leaves its argument as a mark when it runs."""
+        script = self.folder / "programs" / name
+        script.write_text(f'#!/bin/sh\necho "$1" >"{self.folder}/marks"\n')
+        script.chmod(0o700)
+
     def add_marker(self, name):
         """Installs an application that leaves its name as a mark when it runs."""
-        script = self.folder / "leave-mark"
-        if not script.exists():
-            script.write_text(f'#!/bin/sh\necho "$1" >"{self.folder}/marks"\n')
-            script.chmod(0o700)
-        self.add_application(name, Exec=f'{script} "{name}"')
+        self.add_marking_program("leave-mark")
+        self.add_application(name, Exec=f'leave-mark "{name}"')
+
+    def hold_clipboard(self, text):
+        """Starts a program that has copied `text`, and returns it once it has."""
+        file = self.folder / "copied"
+        file.write_text(text)
+        holder = self.start(["xclip", "-quiet", "-selection", "clipboard", file],
+                            stderr=subprocess.PIPE)
+        self.stack.callback(holder.stderr.close)
+        Lines(holder.stderr.fileno(), "xclip").until(lambda line: "Waiting" in line, "the copy")
+        return holder
+
+    def clipboard(self):
+        return self.run("xclip", "-o", "-selection", "clipboard")
 
     def add_application(self, name, **keys):
         """Installs an application for this user."""

@@ -1,4 +1,5 @@
 """The real program on a real display: what a user does from the first summons to the second."""
+import json
 import re
 import signal
 import sys
@@ -77,6 +78,38 @@ class LauncherTest(unittest.TestCase):
         self.desktop.screenshot("installed-meanwhile")
         self.desktop.key("Down", "Return")
         self.expect_mark("Zebra Crossing")
+
+    def test_answers_and_bangs_use_the_clipboard_and_survive_who_holds_it(self):
+        self.desktop.add_marking_program("xdg-open")
+        bang = {"keyword": "tr", "name": "Translate", "template": "https://t.test/{clipboard}",
+                "id": "0F1E2D3C-4B5A-6978-8796-A5B4C3D2E1F0"}
+        self.desktop.run(PELLO, "settings", "set", "bangs", json.dumps([bang]))
+        holder = self.desktop.hold_clipboard("guten Tag")
+        self.start_pello()
+        self.desktop.type("tr")
+        self.wait_for_rows(1)
+        self.desktop.screenshot("bang")
+        self.desktop.key("Return")
+        self.expect_mark("https://t.test/guten%20Tag")
+
+        holder.send_signal(signal.SIGSTOP)
+        self.desktop.run(PELLO, "toggle")
+        self.desktop.wait_for_active("Pello")
+        self.desktop.type("tr")
+        self.desktop.key("Return")
+        self.expect_mark("https://t.test/")
+        holder.kill()
+
+        self.desktop.run(PELLO, "toggle")
+        self.desktop.wait_for_active("Pello")
+        self.desktop.type("6*7")
+        self.wait_for_rows(1)
+        self.desktop.key("ctrl+c")
+        self.assertEqual(self.desktop.clipboard(), "42")
+        self.desktop.screenshot("copied")
+        self.desktop.key("BackSpace", "8", "Return")
+        self.wait_until_closed()
+        self.assertEqual(self.desktop.clipboard(), "48")
 
     def test_the_keyboard_comes_and_goes_back(self):
         typed = self.desktop.watch(["xev", "-name", "Editor", "-event", "keyboard"])
