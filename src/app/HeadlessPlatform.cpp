@@ -3,6 +3,7 @@
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryMainLoop.h"
 #include "platform/memory/MemoryPasteboard.h"
+#include "platform/qt/TerminalPasteboard.h"
 
 #include <QCoreApplication>
 
@@ -10,10 +11,22 @@
 #include <string>
 
 namespace pello {
+namespace {
+
+std::unique_ptr<Pasteboard> makePasteboard(std::ostream* terminal) {
+    if (terminal != nullptr) {
+        return std::make_unique<TerminalPasteboard>(*terminal);
+    }
+    return std::make_unique<MemoryPasteboard>();
+}
+
+} // namespace
 
 struct HeadlessPlatform::Adapters {
-    Adapters(LinuxServices::Session session, std::optional<Date> stopped)
-        : stoppedAt(stopped), services(loop, watcher, pasteboard, session) {}
+    explicit Adapters(const Options& options)
+        : stoppedAt(options.stoppedAt),
+          pasteboard(makePasteboard(options.terminal)),
+          services(loop, watcher, *pasteboard, options.session) {}
 
     [[nodiscard]] Date now() const { return stoppedAt ? *stoppedAt : Date::ofSystemClock(); }
 
@@ -24,12 +37,12 @@ struct HeadlessPlatform::Adapters {
     std::optional<Date> stoppedAt;
     MemoryMainLoop loop{now()};
     MemoryFolderWatcher watcher; // one command is over before anything changes
-    MemoryPasteboard pasteboard;
+    std::unique_ptr<Pasteboard> pasteboard;
     LinuxServices services;
 };
 
-HeadlessPlatform::HeadlessPlatform(LinuxServices::Session session, std::optional<Date> stoppedAt)
-    : adapters_(std::make_unique<Adapters>(session, stoppedAt)) {}
+HeadlessPlatform::HeadlessPlatform(const Options& options)
+    : adapters_(std::make_unique<Adapters>(options)) {}
 HeadlessPlatform::~HeadlessPlatform() = default;
 
 Platform HeadlessPlatform::ports() {

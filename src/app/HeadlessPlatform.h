@@ -3,6 +3,7 @@
 #include "app/LinuxServices.h"
 #include "app/Platform.h"
 
+#include <iosfwd>
 #include <memory>
 #include <optional>
 
@@ -12,8 +13,15 @@ namespace pello {
 /// turns only when told to. Serves one command and ends with it.
 class HeadlessPlatform {
 public:
-    /// With `stoppedAt`, the clock stands still there.
-    explicit HeadlessPlatform(LinuxServices::Session session, std::optional<Date> stoppedAt = {});
+    struct Options {
+        LinuxServices::Session session = LinuxServices::Session::leftAlone;
+        /// Where the clock stands still, if it does.
+        std::optional<Date> stoppedAt;
+        /// The terminal whose pasteboard is used, if one is; must outlive the platform.
+        std::ostream* terminal = nullptr;
+    };
+
+    explicit HeadlessPlatform(const Options& options);
     ~HeadlessPlatform();
     HeadlessPlatform(const HeadlessPlatform&) = delete;
     HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;

@@ -11,7 +11,7 @@
 namespace pello {
 
 int run(const QueryCommand& command) {
-    HeadlessPlatform platform(LinuxServices::Session::leftAlone, command.from.now);
+    HeadlessPlatform platform({.stoppedAt = command.from.now});
     const auto complaining = platform.defaults().problem.connect(
         [](const std::string& sentence) { std::cerr << "pello: " << sentence << '\n'; });
     Launcher launcher(platform.ports(), command.from.surroundings);

@@ -38,7 +38,7 @@ int finish(const std::optional<SettingsText::Problem>& problem, UserDefaults& de
 } // namespace
 
 int run(const SettingsCommand& command) {
-    HeadlessPlatform platform(LinuxServices::Session::leftAlone);
+    HeadlessPlatform platform({});
     const auto complaining = platform.defaults().problem.connect(
         [](const std::string& sentence) { std::cerr << "pello: " << sentence << '\n'; });
     platform.turn();

@@ -5,11 +5,14 @@
 #include "ui/terminal/TerminalFrontEnd.h"
 
 #include <iostream>
+#include <unistd.h>
 
 namespace pello {
 
 int run(const TerminalCommand& /*command*/) {
-    HeadlessPlatform platform(LinuxServices::Session::connected);
+    // Whoever reads this program's output in a pipe wants no control sequences in it.
+    std::ostream* terminal = ::isatty(STDOUT_FILENO) != 0 ? &std::cout : nullptr;
+    HeadlessPlatform platform({.session = LinuxServices::Session::connected, .terminal = terminal});
     Launcher launcher(platform.ports());
     launcher.controller().reindex();
     TerminalFrontEnd(launcher.controller(), [&] { platform.turn(); }, std::cin, std::cout).run();

@@ -1,5 +1,6 @@
 #include "ui/terminal/TerminalFrontEnd.h"
 
+#include "platform/qt/TerminalPasteboard.h"
 #include "support/MemoryLauncher.h"
 
 #include <gmock/gmock.h>
@@ -47,6 +48,17 @@ TEST_F(TerminalFrontEndTest, WhatMatchesNothingElseIsSearchedForOnTheWeb) {
     EXPECT_THAT(converse("xyz\n\n"), HasSubstr("Running Search for “xyz”"));
     EXPECT_THAT(launcher.opened(), IsEmpty());
     EXPECT_THAT(launcher.workspace.openedAddresses, ElementsAre("https://duckduckgo.com/?q=xyz"));
+}
+
+TEST_F(TerminalFrontEndTest, AnAnswerGoesToTheTerminalsPasteboard) {
+    std::ostringstream terminal;
+    TerminalPasteboard pasteboard(terminal);
+    pasteboard.setText("3.1 mi");
+    EXPECT_EQ(terminal.str(), "\033]52;c;My4xIG1p\a");
+
+    launcher.quickActions.prepare({.locale = "en_US"});
+    EXPECT_THAT(converse("6*7\n\n"), HasSubstr("Copying 42"));
+    EXPECT_EQ(launcher.pasteboard.text(), "42");
 }
 
 TEST_F(TerminalFrontEndTest, NoticesAreShownOnce) {

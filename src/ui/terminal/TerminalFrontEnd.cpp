@@ -64,8 +64,9 @@ void TerminalFrontEnd::runRow(int row) {
         return;
     }
     controller_.setSelection(row);
-    output_ << "Running " << controller_.results()[static_cast<std::size_t>(row)].item->title
-            << '\n';
+    const LaunchItem& item = *controller_.results()[static_cast<std::size_t>(row)].item;
+    const bool isAnswer = item.kind == LaunchItem::Kind::calculation;
+    output_ << (isAnswer ? "Copying " : "Running ") << item.title << '\n';
     controller_.runSelection();
     turn_();
     showNotice();
