@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Stopwatch.h"
 #include "search/SearchWork.h"
-#include "search/Stopwatch.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,4 +1,4 @@
-#include "search/Stopwatch.h"
+#include "Stopwatch.h"
 
 #include <algorithm>
 #include <cmath>
