@@ -104,15 +104,25 @@ TEST(CalculatorTest, ShowsTenFractionDigitsHalfEvenAndNoExponent) {
     EXPECT_EQ(largest.find_first_not_of("10,"), std::string::npos) << largest;
 }
 
+TEST(CalculatorTest, RoundsTheShortestDecimalFormAndNotTheNumberBehindIt) {
+    const auto two = NumberFormatter::withFractionDigits(2, "en_US");
+    testing::forEachCase("0.125: 0.12; 0.135: 0.14; -0.125: -0.12; 1.005: 1; 1.015: 1.02; "
+                         "2.675: 2.68; 999.996: 1,000; -0.004: 0; 0.5: 0.5",
+                         [&](std::string_view number, std::string_view text) {
+                             EXPECT_EQ(two.text(parseDecimal(number).value()), text);
+                         });
+    const auto whole = NumberFormatter::withFractionDigits(0, "en_US");
+    EXPECT_EQ(whole.text(0.5) + ' ' + whole.text(2.5) + ' ' + whole.text(-3.5), "0 2 -4");
+}
+
 TEST(CalculatorTest, AnswersAsTheLocaleWritesNumbers) {
-    const std::string query = "1234567.5*-1";
-    EXPECT_EQ(answer(query, "en_US"), "-1,234,567.5");
-    EXPECT_EQ(answer(query, "de_DE"), "-1.234.567,5");
-    EXPECT_EQ(answer(query, "fr_FR"), "-1\u202f234\u202f567,5");
-    EXPECT_EQ(answer(query, "hi_IN"), "-12,34,567.5");
-    EXPECT_EQ(answer(query, "ar_EG"), "\u061c-١٬٢٣٤٬٥٦٧٫٥");
-    EXPECT_EQ(answer(query, "de_DE.UTF-8"), "-1.234.567,5");
-    EXPECT_EQ(answer(query, "C"), "-1,234,567.5");
+    testing::forEachCase("en_US: -1,234,567.5; de_DE.UTF-8: -1.234.567,5; hi_IN: -12,34,567.5; "
+                         "fr_FR: -1\u202f234\u202f567,5; sv_SE: −1\u00a0234\u00a0567,5; "
+                         "ar_EG: \u061c-١٬٢٣٤٬٥٦٧٫٥; C: -1,234,567.5; nonsense: -1,234,567.5; " +
+                             std::string(5000, 'x') + ": -1,234,567.5",
+                         [](std::string_view locale, std::string_view text) {
+                             EXPECT_EQ(answer("1234567.5*-1", locale), text) << text;
+                         });
 }
 
 TEST(CalculatorTest, DepthAndLengthDoNotMatter) {

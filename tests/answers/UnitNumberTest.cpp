@@ -1,10 +1,13 @@
 #include "answers/UnitNumber.h"
 
+#include "base/DecimalText.h"
+#include "base/Text.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <vector>
+#include <string_view>
 
 namespace pello {
 namespace {
@@ -13,33 +16,17 @@ using testing::Eq;
 using testing::Optional;
 
 TEST(UnitNumberTest, ReadsBothConventionsOfSeparators) {
-    struct Case {
-        const char* text;
-        double withDot;
-        double withComma;
-    };
-    for (const Case& each : std::vector<Case>{{"1234", 1234, 1234},
-                                              {"1,234.5", 1234.5, 1234.5},
-                                              {"1.234,5", 1234.5, 1234.5},
-                                              {"1,500", 1500, 1.5},
-                                              {"1.500", 1.5, 1500},
-                                              {"1,5", 1.5, 1.5},
-                                              {"1.5", 1.5, 1.5},
-                                              {"1,5000", 1.5, 1.5},
-                                              {"1,234,567", 1234567, 1234.567},
-                                              {"1.234.567", 1234.567, 1234567},
-                                              {"1,234,56", 1234.56, 1234.56},
-                                              {"5.5.5", 55.5, 55.5},
-                                              {"1_000.5", 1000.5, 1000.5},
-                                              {"-1,500", -1500, -1.5},
-                                              {".5", 0.5, 0.5},
-                                              {"-,5", -0.5, -0.5},
-                                              {".500", 0.5, 500},
-                                              {"5.", 5, 5},
-                                              {"007", 7, 7},
-                                              {"0.1", 0.1, 0.1}}) {
-        EXPECT_THAT(UnitNumber::parse(each.text, "."), Optional(each.withDot)) << each.text;
-        EXPECT_THAT(UnitNumber::parse(each.text, ","), Optional(each.withComma)) << each.text;
+    // As typed, where a dot stands before decimals, and where a comma does.
+    constexpr std::string_view kCases =
+        "1234 1234 1234;1,234.5 1234.5 1234.5;1.234,5 1234.5 1234.5;1,500 1500 1.5;1.500 1.5 1500;"
+        "1,5 1.5 1.5;1.5 1.5 1.5;1,5000 1.5 1.5;1,234,567 1234567 1234.567;"
+        "1.234.567 1234.567 1234567;1,234,56 1234.56 1234.56;5.5.5 55.5 55.5;"
+        "1_000.5 1000.5 1000.5;-1,500 -1500 -1.5;.5 0.5 0.5;-,5 -0.5 -0.5;.500 0.5 500;5. 5 5;"
+        "007 7 7;0.1 0.1 0.1";
+    for (const std::string_view each : text::split(kCases, ';')) {
+        const auto words = text::words(each);
+        EXPECT_EQ(UnitNumber::parse(words[0], "."), parseDecimal(words[1])) << each;
+        EXPECT_EQ(UnitNumber::parse(words[0], ","), parseDecimal(words[2])) << each;
     }
     EXPECT_THAT(UnitNumber::parse("1,500", "٫"), Optional(1500.0));
     EXPECT_THAT(UnitNumber::parse("1.500", "٫"), Optional(1500.0));
