@@ -1,5 +1,6 @@
 #include "core/settings/SettingsText.h"
 
+#include "base/Text.h"
 #include "platform/memory/MemoryLoginItem.h"
 #include "platform/memory/MemoryUserDefaults.h"
 
@@ -67,23 +68,14 @@ TEST_F(SettingsTextTest, SaysWhatASettingTakes) {
 }
 
 TEST_F(SettingsTextTest, RefusesWhatWouldNotBeUsable) {
-    for (const auto& [key, value] : std::vector<std::pair<std::string, std::string>>{
-             {"maximumResults", "0"},
-             {"maximumResults", "51"},
-             {"maximumResults", "8.0"},
-             {"maximumResults", "99999999999999999999"},
-             {"fontSize", "7.9"},
-             {"fontSize", "nan"},
-             {"fontSize", "1e3"},
-             {"switcherIconSize", "-26"},
-             {"panelPlacement", "1.5:0.2"},
-             {"extraDirectories", "/a"},
-             {"extraDirectories", R"(["relative"])"},
-             {"extraDirectories", R"([""])"},
-             {"bangs", R"([{"keyword":"x"}])"},
-             {"urlAliases", "{}"},
-             {"keyCombo", "none"},
-         }) {
+    constexpr std::string_view kUnusable =
+        R"(maximumResults 0|maximumResults 51|maximumResults 8.0|maximumResults 99999999999999999999|)"
+        R"(fontSize 7.9|fontSize nan|fontSize 1e3|switcherIconSize -26|panelPlacement 1.5:0.2|)"
+        R"(extraDirectories /a|extraDirectories ["relative"]|extraDirectories [""]|)"
+        R"(bangs [{"keyword":"x"}]|urlAliases {}|keyCombo none)";
+    for (const std::string_view each : text::split(kUnusable, '|')) {
+        const auto key = each.substr(0, each.find(' '));
+        const auto value = each.substr(key.size() + 1);
         EXPECT_THAT(after(key, value), HasSubstr(" takes ")) << key << ' ' << value;
     }
     EXPECT_EQ(defaults.writeCount(), 0);

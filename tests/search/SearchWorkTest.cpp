@@ -6,7 +6,6 @@
 #include "search/SearchCorpus.h"
 #include "search/SearchEngine.h"
 #include "support/AllocationCount.h"
-#include "support/LaunchItems.h"
 
 #include <gtest/gtest.h>
 
@@ -73,34 +72,6 @@ TEST_F(SearchWorkTest, TheIndexIsSmall) {
         bytes += list->footprint();
     }
     EXPECT_LE(static_cast<double>(bytes) / kItems, 300);
-}
-
-/// An action that counts its copies.
-struct Copied {
-    std::shared_ptr<int> count = std::make_shared<int>(0);
-    Copied() = default;
-    Copied(const Copied& other) : count(other.count) { ++*count; }
-    Copied(Copied&&) noexcept = default;
-    Copied& operator=(const Copied&) = delete;
-    Copied& operator=(Copied&&) = delete;
-    ~Copied() = default;
-    void operator()() const {}
-};
-
-TEST(SearchCopyTest, NoItemIsCopied) {
-    MemoryUserDefaults defaults;
-    const MemoryMainLoop loop;
-    UsageStore usage(defaults, loop);
-    const Copied action;
-    auto items = testing::launchItems({{"one"}, {"other", {"one"}}});
-    items[0].run = action;
-    items[1].run = action;
-    const int before = *action.count;
-    const Catalogue catalogue = {PreparedList::make(std::move(items))};
-    usage.record("one", "o");
-    EXPECT_EQ(SearchEngine::results("o", catalogue, {}, usage, 8).size(), 2U);
-    EXPECT_EQ(SearchEngine::results("", catalogue, {}, usage, 8).size(), 1U);
-    EXPECT_EQ(*action.count, before);
 }
 
 } // namespace

@@ -92,12 +92,5 @@ TEST_F(ApplicationScanTest, NamesAreTrimmedAndMustSaySomething) {
     EXPECT_THAT(scan({"."}), ElementsAre("٣", "bad \uFFFD byte", "Café", "E. Coli"));
 }
 
-TEST_F(ApplicationScanTest, SortsAsAReaderWould) {
-    for (const char* name : {"zebra", "Álbum", "alpha", "Zoom", "Beta", "2048"}) {
-        add(std::string(name) + ".app");
-    }
-    EXPECT_THAT(scan({"."}), ElementsAre("2048", "Álbum", "alpha", "Beta", "zebra", "Zoom"));
-}
-
 } // namespace
 } // namespace pello

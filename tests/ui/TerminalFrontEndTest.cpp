@@ -14,7 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 class TerminalFrontEndTest : public testing::Test {
 protected:
@@ -33,20 +32,12 @@ protected:
     MemoryLauncher launcher;
 };
 
-TEST_F(TerminalFrontEndTest, AnEmptyLineRunsTheFirstRow) {
+TEST_F(TerminalFrontEndTest, AnEmptyLineRunsTheFirstRowANumberThatOneAndTextSearches) {
     EXPECT_THAT(converse("saf\n\n"), HasSubstr(" 1  Safari"));
-    EXPECT_THAT(launcher.opened(), ElementsAre("Safari"));
-}
-
-TEST_F(TerminalFrontEndTest, ANumberRunsThatRowAndAnyOtherTextSearches) {
     EXPECT_THAT(converse("saf\n2\n"), HasSubstr("Running Safe Mode"));
-    EXPECT_THAT(launcher.opened(), ElementsAre("Safe Mode"));
     EXPECT_THAT(converse("saf\n4\n"), HasSubstr("Search for “4”"));
-}
-
-TEST_F(TerminalFrontEndTest, WhatMatchesNothingElseIsSearchedForOnTheWeb) {
+    EXPECT_THAT(launcher.opened(), ElementsAre("Safari", "Safe Mode"));
     EXPECT_THAT(converse("xyz\n\n"), HasSubstr("Running Search for “xyz”"));
-    EXPECT_THAT(launcher.opened(), IsEmpty());
     EXPECT_THAT(launcher.workspace.openedAddresses, ElementsAre("https://duckduckgo.com/?q=xyz"));
 }
 
