@@ -5,14 +5,16 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-#include <chrono>
-
 namespace pello {
 namespace {
 
-// A healthy program hands its text over in about a millisecond. This may be waited for while
-// somebody types, so it is not much more than that.
-constexpr std::chrono::milliseconds kPatience{60};
+using std::chrono::steady_clock;
+
+// A healthy program hands its text over in about a millisecond, on a machine that is busy in some
+// more. Somebody types while this is waited for, so it is not long, and not waited for again at the
+// next letters.
+constexpr std::chrono::milliseconds kPatience{200};
+constexpr std::chrono::seconds kPause{3};
 
 } // namespace
 
@@ -25,9 +27,20 @@ std::string X11Pasteboard::text() {
     const QClipboard* clipboard = QGuiApplication::clipboard();
     const bool isX11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>() != nullptr;
     // What this program holds itself it could not hand to itself while it waits.
-    return isX11 && !clipboard->ownsClipboard()
-               ? text::wellFormed(selection_.clipboard(kPatience).value_or(""))
-               : clipboard->text().toStdString();
+    return isX11 && !clipboard->ownsClipboard() ? textOfOthers() : clipboard->text().toStdString();
+}
+
+std::string X11Pasteboard::textOfOthers() {
+    const auto begin = steady_clock::now();
+    if (begin < askAgain_) {
+        return {};
+    }
+    const auto text = selection_.clipboard(kPatience);
+    const auto end = steady_clock::now();
+    if (!text && end - begin >= kPatience) {
+        askAgain_ = end + kPause;
+    }
+    return text::wellFormed(text.value_or(""));
 }
 
 } // namespace pello

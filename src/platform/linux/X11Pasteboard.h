@@ -3,6 +3,8 @@
 #include "platform/Pasteboard.h"
 #include "platform/linux/X11Selection.h"
 
+#include <chrono>
+
 namespace pello {
 
 /// The toolkit's clipboard, and under X11 a reading of it that does not wait for programs that
@@ -13,7 +15,10 @@ public:
     [[nodiscard]] std::string text() override;
 
 private:
+    [[nodiscard]] std::string textOfOthers();
+
     X11Selection selection_;
+    std::chrono::steady_clock::time_point askAgain_; // after somebody did not answer
 };
 
 } // namespace pello
