@@ -3,7 +3,6 @@
 #include "base/Text.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -15,9 +14,10 @@ constexpr std::size_t kFewestCharacters = 2;
 
 } // namespace
 
-Conversions::Conversions(const Surroundings& surroundings) : units_(surroundings.locale) {}
+Conversions::Conversions(const Surroundings& surroundings)
+    : units_(surroundings.locale), dates_(surroundings) {}
 
-std::vector<ConversionResult> Conversions::results(std::string_view query, Date /*now*/) const {
+std::vector<ConversionResult> Conversions::results(std::string_view query, Date now) const {
     const std::string text = text::lowercased(text::trimmingBlanks(query));
     std::vector<ConversionResult> results;
     if (text::characterCount(text) < kFewestCharacters) {
@@ -29,7 +29,17 @@ std::vector<ConversionResult> Conversions::results(std::string_view query, Date 
         }
     };
     add(units_.convert(text));
+    add(date(text, now));
     return results;
+}
+
+std::optional<ConversionResult> Conversions::date(std::string_view text, Date now) const {
+    constexpr std::string_view kQuestion = "how many ";
+    if (text.starts_with(kQuestion)) {
+        text.remove_prefix(kQuestion.size());
+    }
+    auto result = dates_.countdown(text, now);
+    return result ? std::move(result) : dates_.offset(text, now);
 }
 
 } // namespace pello

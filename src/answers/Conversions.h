@@ -1,10 +1,12 @@
 #pragma once
 
 #include "answers/ConversionResult.h"
+#include "answers/DateArithmetic.h"
 #include "answers/Surroundings.h"
 #include "answers/UnitConversion.h"
 #include "base/Date.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -23,7 +25,10 @@ public:
     [[nodiscard]] std::vector<ConversionResult> results(std::string_view query, Date now) const;
 
 private:
+    [[nodiscard]] std::optional<ConversionResult> date(std::string_view text, Date now) const;
+
     UnitConversion units_;
+    DateArithmetic dates_;
 };
 
 } // namespace pello

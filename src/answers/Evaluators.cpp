@@ -6,7 +6,8 @@
 namespace pello {
 
 std::shared_ptr<const Evaluators> Evaluators::prepared(const Surroundings& surroundings) {
-    constexpr std::array<std::string_view, 1> kSamples = {"1.5 km in mi"};
+    constexpr std::array<std::string_view, 3> kSamples = {"1.5 km in mi", "weeks until 2030-01-02",
+                                                          "today + 3 weeks"};
     auto evaluators = std::make_shared<const Evaluators>(surroundings);
     static_cast<void>(evaluators->calculator.evaluate("1000.5+1"));
     for (const std::string_view sample : kSamples) {
