@@ -3,7 +3,6 @@
 #include "base/DecimalText.h"
 #include "base/Text.h"
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -75,9 +74,14 @@ std::optional<double> ArithmeticParser::parseOperand() {
 }
 
 std::optional<double> ArithmeticParser::parseOperation(double left) {
-    const auto sign = std::find_if(kSigns.begin(), kSigns.end(),
-                                   [&](const Sign& each) { return stepOver(each.character); });
-    if (sign == kSigns.end()) {
+    const Sign* sign = nullptr;
+    for (const Sign& each : kSigns) {
+        if (stepOver(each.character)) {
+            sign = &each;
+            break;
+        }
+    }
+    if (sign == nullptr) {
         return std::nullopt;
     }
     // Of two powers the right one is computed first, of all else the left one.
@@ -97,16 +101,16 @@ std::optional<double> ArithmeticParser::parseBracketEnd(double value) {
 
 std::optional<double> ArithmeticParser::parseNumber() {
     skipWhitespace();
-    std::string digits(takeWhile([](std::string_view character) {
+    std::string digits = takeWhile([](std::string_view character) {
         return text::isNumber(character) || character == "." || character == "_";
-    }));
+    });
     std::erase(digits, '_');
     return parseDecimal(digits);
 }
 
 std::optional<std::string> ArithmeticParser::parseIdentifier() {
     skipWhitespace();
-    const std::string_view letters = takeWhile(text::isLetter);
+    const std::string letters = takeWhile(text::isLetter);
     return letters.empty() ? std::nullopt : std::optional(text::lowercased(letters));
 }
 
@@ -149,7 +153,9 @@ std::optional<double> ArithmeticParser::settledOnce(double right) {
 }
 
 void ArithmeticParser::skipWhitespace() {
-    takeWhile(text::isWhitespace);
+    while (position_ < characters_.size() && text::isWhitespace(characters_[position_])) {
+        ++position_;
+    }
 }
 
 bool ArithmeticParser::isAtEnd() {
@@ -166,17 +172,12 @@ bool ArithmeticParser::stepOver(std::string_view character) {
 }
 
 template <class Predicate>
-std::string_view ArithmeticParser::takeWhile(Predicate belongs) {
-    const auto begin = characters_.begin() + static_cast<std::ptrdiff_t>(position_);
-    const auto end = std::find_if_not(begin, characters_.end(), belongs);
-    position_ = static_cast<std::size_t>(end - characters_.begin());
-    if (begin == end) {
-        return {};
+std::string ArithmeticParser::takeWhile(Predicate belongs) {
+    std::string taken;
+    while (position_ < characters_.size() && belongs(characters_[position_])) {
+        taken += characters_[position_++];
     }
-    // Characters that follow each other in the text are one piece of it.
-    const std::string_view last = *std::prev(end);
-    const char* const stop = last.data() + last.size();
-    return {begin->data(), static_cast<std::size_t>(stop - begin->data())};
+    return taken;
 }
 
 } // namespace pello

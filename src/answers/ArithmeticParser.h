@@ -74,7 +74,7 @@ private:
     bool isAtEnd();
     bool stepOver(std::string_view character);
     template <class Predicate>
-    std::string_view takeWhile(Predicate belongs);
+    std::string takeWhile(Predicate belongs);
 
     std::vector<std::string_view> characters_;
     std::size_t position_ = 0;

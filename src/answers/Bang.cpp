@@ -89,7 +89,7 @@ std::optional<Bang::Match> Bang::match(std::string_view query, std::span<const B
     for (const Bang& bang : bangs) {
         const auto argument = keywordQuery.argument(bang.keyword);
         const std::size_t length = argument ? text::characterCount(bang.keyword) : 0;
-        if (length > longestLength) {
+        if (argument && length > longestLength) {
             longest = &bang;
             longestLength = length;
             arguments = *argument;

@@ -129,7 +129,7 @@ struct UnitTexts::Prepared {
     /// that a number is negative, or just about one.
     [[nodiscard]] std::string text(const Written& quantity, double value,
                                    const UnitFormat& format) const {
-        const bool mayHideNumber = value == 1 || value == 2 || quantity.text.isEmpty();
+        const bool mayHideNumber = value == 1 || value == 2 || quantity.text.isEmpty() != 0;
         return quantity.showsNumber || mayHideNumber ? utf8(quantity.text)
                                                      : composed(value, format);
     }
