@@ -15,9 +15,10 @@ struct Evaluators {
     [[nodiscard]] static std::shared_ptr<const Evaluators>
     prepared(const Surroundings& surroundings);
 
-    explicit Evaluators(const Surroundings& surroundings)
-        : calculator(surroundings.locale), conversions(surroundings) {}
+    explicit Evaluators(const Surroundings& where)
+        : surroundings(where), calculator(where.locale), conversions(where) {}
 
+    Surroundings surroundings;
     Calculator calculator;
     Conversions conversions;
 };

@@ -1,10 +1,8 @@
 #include "answers/LocalDay.h"
 
-#include <unicode/timezone.h>
-#include <unicode/unistr.h>
+#include "base/ReadersTimeZone.h"
 
 #include <cmath>
-#include <string>
 
 namespace pello {
 namespace {
@@ -14,25 +12,14 @@ constexpr double kMillisecondsPerDay = 86'400'000;
 /// More days than from 1970 to either end of the years that dates have.
 constexpr double kFarDay = 4'000'000;
 
-std::unique_ptr<icu::TimeZone> zoneNamed(std::string_view name) {
-    std::unique_ptr<icu::TimeZone> zone;
-    if (!name.empty()) {
-        zone.reset(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(std::string(name))));
-    }
-    if (zone == nullptr || *zone == icu::TimeZone::getUnknown()) {
-        zone.reset(icu::TimeZone::createDefault());
-    }
-    return zone;
-}
-
 } // namespace
 
 struct LocalDay::Zone {
-    std::unique_ptr<icu::TimeZone> zone;
+    std::unique_ptr<icu::BasicTimeZone> zone;
 };
 
 LocalDay::LocalDay(std::string_view timeZone)
-    : zone_(std::make_unique<Zone>(Zone{.zone = zoneNamed(timeZone)})) {}
+    : zone_(std::make_unique<Zone>(Zone{.zone = readersTimeZone(timeZone)})) {}
 
 LocalDay::~LocalDay() = default;
 

@@ -11,6 +11,10 @@ struct Surroundings {
     /// A zone of the time zone database such as "Europe/Berlin"; empty for this machine's.
     std::string timeZone;
 
+    /// The same, with the time zone named that this machine is set to now, if none was. Reads
+    /// files; any thread.
+    [[nodiscard]] Surroundings settled() const;
+
     friend bool operator==(const Surroundings&, const Surroundings&) = default;
 };
 

@@ -126,15 +126,34 @@ QuickActions::QuickActions(MainLoop& loop, Workspace& workspace, Pasteboard& pas
     : loop_(loop), workspace_(workspace), pasteboard_(pasteboard) {}
 
 void QuickActions::prepare(const Surroundings& surroundings) {
+    wanted_ = surroundings;
+    prepareUnlessSettledIn({});
+}
+
+void QuickActions::keepUp() {
+    if (evaluators_ && !isPreparing_) {
+        prepareUnlessSettledIn(evaluators_->surroundings);
+    }
+}
+
+void QuickActions::prepareUnlessSettledIn(const Surroundings& current) {
     using Prepared = std::shared_ptr<const Evaluators>;
+    isPreparing_ = true;
     std::function<void(Prepared)> done = [this](Prepared evaluators) {
+        isPreparing_ = false;
+        if (!evaluators) {
+            return;
+        }
         evaluators_ = std::move(evaluators);
         if (onChanged) {
             onChanged();
         }
     };
-    loop_.background([surroundings] { return Evaluators::prepared(surroundings); },
-                     preparations_.wrap(std::move(done)));
+    auto work = [wanted = wanted_, current] {
+        const Surroundings settled = wanted.settled();
+        return settled == current ? nullptr : Evaluators::prepared(settled);
+    };
+    loop_.background(std::move(work), preparations_.wrap(std::move(done)));
 }
 
 std::vector<LaunchItemRef> QuickActions::items(std::string_view query,

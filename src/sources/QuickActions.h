@@ -27,6 +27,9 @@ public:
     /// Prepares to answer in `surroundings`, on a worker thread. Before, there are no answers.
     void prepare(const Surroundings& surroundings);
 
+    /// Prepares anew when this machine has come to another time zone since.
+    void keepUp();
+
     /// The items of `query` as typed, in the order in which they are merged into the results.
     [[nodiscard]] std::vector<LaunchItemRef> items(std::string_view query,
                                                    const PelloSettings& settings) const;
@@ -35,10 +38,14 @@ public:
     std::function<void()> onChanged;
 
 private:
+    void prepareUnlessSettledIn(const Surroundings& current);
+
     MainLoop& loop_;
     Workspace& workspace_;
     Pasteboard& pasteboard_;
+    Surroundings wanted_;
     std::shared_ptr<const Evaluators> evaluators_;
+    bool isPreparing_ = false;
     LatestOnly preparations_;
 };
 

@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -122,6 +123,20 @@ TEST_F(QuickActionsTest, BeforeTheyArePreparedThereAreNoAnswers) {
     loop.settle();
     EXPECT_EQ(changes, 1) << "only the last preparation counts";
     EXPECT_EQ(fresh.items("10/4", settings).front()->title, "2,5");
+}
+
+TEST_F(QuickActionsTest, KeepsUpWithTheMachinesTimeZone) {
+    QuickActions travelling(loop, workspace, pasteboard);
+    const auto tomorrow = [&] { return travelling.items("tomorrow", settings).front()->title; };
+    loop.setNow(Date::fromUnix(1'795'302'000)); // 23:00 on 21 November 2026, UTC
+    ::setenv("TZ", "UTC", 1);
+    travelling.prepare({.locale = "en_US"});
+    loop.settle();
+    EXPECT_EQ(tomorrow(), "Sunday, November 22, 2026");
+    ::setenv("TZ", "Asia/Tokyo", 1);
+    travelling.keepUp();
+    loop.settle();
+    EXPECT_EQ(tomorrow(), "Monday, November 23, 2026");
 }
 
 TEST(TypedAddressTest, IsAnAddressOfACommonSchemeOrAHostName) {

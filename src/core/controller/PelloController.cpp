@@ -277,6 +277,7 @@ void PelloController::show(std::string_view prefilling) {
     if (panel_ != nullptr) {
         panel_->present();
     }
+    parts_.quickActions.keepUp();
 }
 
 void PelloController::hide() {
