@@ -41,9 +41,9 @@ public:
         }
         case 1: {
             const Expression inner = expression(depth - 1);
+            const double square = inner.value.value_or(-1);
             return {blank() + "sqrt" + blank() + "(" + inner.text + ")",
-                    inner.value >= 0.0 ? std::optional(std::sqrt(*inner.value)) : std::nullopt,
-                    kPrimary};
+                    square >= 0 ? std::optional(std::sqrt(square)) : std::nullopt, kPrimary};
         }
         default:
             return operation(depth);
