@@ -1,36 +1,12 @@
 #include "answers/UnitPhrase.h"
 
 #include "answers/Connectors.h"
+#include "answers/JoinedWords.h"
 
 #include <cstddef>
-#include <string>
 
 namespace pello {
 namespace {
-
-/// Words with one space between them, of which any stretch is at hand as one text.
-class JoinedWords {
-public:
-    explicit JoinedWords(const std::vector<std::string_view>& words) {
-        for (const std::string_view word : words) {
-            begins_.push_back(text_.size());
-            text_.append(word).append(" ");
-        }
-        begins_.push_back(text_.size());
-    }
-
-    /// The words from number `first` up to, not including, number `last`.
-    [[nodiscard]] std::string_view between(std::size_t first, std::size_t last) const {
-        if (first >= last) {
-            return {};
-        }
-        return std::string_view(text_).substr(begins_[first], begins_[last] - 1 - begins_[first]);
-    }
-
-private:
-    std::string text_;
-    std::vector<std::size_t> begins_;
-};
 
 std::optional<UnitPhrase> pairOf(const Unit* source, const Unit* target) {
     if (source == nullptr || target == nullptr || source->kind != target->kind) {
