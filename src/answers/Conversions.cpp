@@ -15,7 +15,7 @@ constexpr std::size_t kFewestCharacters = 2;
 } // namespace
 
 Conversions::Conversions(const Surroundings& surroundings)
-    : units_(surroundings.locale), dates_(surroundings) {}
+    : units_(surroundings.locale), times_(surroundings), dates_(surroundings) {}
 
 std::vector<ConversionResult> Conversions::results(std::string_view query, Date now) const {
     const std::string text = text::lowercased(text::trimmingBlanks(query));
@@ -29,6 +29,7 @@ std::vector<ConversionResult> Conversions::results(std::string_view query, Date 
         }
     };
     add(units_.convert(text));
+    add(times_.convert(text, now));
     add(date(text, now));
     return results;
 }

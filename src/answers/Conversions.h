@@ -3,6 +3,7 @@
 #include "answers/ConversionResult.h"
 #include "answers/DateArithmetic.h"
 #include "answers/Surroundings.h"
+#include "answers/TimeZoneConversion.h"
 #include "answers/UnitConversion.h"
 #include "base/Date.h"
 
@@ -28,6 +29,7 @@ private:
     [[nodiscard]] std::optional<ConversionResult> date(std::string_view text, Date now) const;
 
     UnitConversion units_;
+    TimeZoneConversion times_;
     DateArithmetic dates_;
 };
 

@@ -11,7 +11,7 @@ namespace pello {
 /// Everything that computes answers, for one reader.
 struct Evaluators {
     /// Makes them and has them answer once, so that what is read from files has been read when the
-    /// first letter is typed. Takes some 10 ms; any thread.
+    /// first letter is typed. Takes some 20 ms; any thread.
     [[nodiscard]] static std::shared_ptr<const Evaluators>
     prepared(const Surroundings& surroundings);
 

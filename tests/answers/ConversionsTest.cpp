@@ -10,6 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 class ConversionsTest : public testing::Test {
 protected:
@@ -27,6 +28,7 @@ protected:
 
 TEST_F(ConversionsTest, ReadsTheQueryInAnyCaseAndWithBlanksAround) {
     EXPECT_THAT(answers("\t5 KM "), ElementsAre("unit: 3.10686 mi"));
+    EXPECT_THAT(answers(" Time in TOKYO\t"), ElementsAre(StartsWith("time: 1:53")));
     EXPECT_THAT(answers("Days Until CHRISTMAS"), ElementsAre("date: 34 days"));
     EXPECT_THAT(answers(" 5 "), IsEmpty());
     EXPECT_THAT(answers(""), IsEmpty());
