@@ -6,8 +6,6 @@
 #include "base/Address.h"
 #include "base/Text.h"
 
-#include <cstddef>
-
 namespace pello {
 namespace {
 
@@ -82,23 +80,12 @@ std::vector<Bang> Bang::starters() {
 }
 
 std::optional<Bang::Match> Bang::match(std::string_view query, std::span<const Bang> bangs) {
-    const KeywordQuery keywordQuery(query);
-    const Bang* longest = nullptr;
-    std::size_t longestLength = 0;
-    std::string_view arguments;
-    for (const Bang& bang : bangs) {
-        const auto argument = keywordQuery.argument(bang.keyword);
-        const std::size_t length = argument ? text::characterCount(bang.keyword) : 0;
-        if (argument && length > longestLength) {
-            longest = &bang;
-            longestLength = length;
-            arguments = *argument;
-        }
-    }
-    if (longest == nullptr) {
+    const auto found = KeywordQuery(query).longest(
+        bangs, [](const Bang& bang) { return std::string_view(bang.keyword); });
+    if (!found) {
         return std::nullopt;
     }
-    return Match{.bang = *longest, .arguments = arguments};
+    return Match{.bang = *found->owner, .arguments = found->argument};
 }
 
 bool Bang::wantsQuery() const {

@@ -195,6 +195,26 @@ bool isComposed(UChar32 scalar) {
     return u_getIntPropertyValue(scalar, UCHAR_NFC_QUICK_CHECK) != UNORM_NO;
 }
 
+/// The pieces of `utf8` between the characters that `separates`, empty ones left out.
+template <class Predicate>
+std::vector<std::string_view> piecesBetween(std::string_view utf8, const Predicate& separates) {
+    std::vector<std::string_view> pieces;
+    std::size_t begin = 0;
+    const auto endAt = [&](std::size_t end) {
+        if (end > begin) {
+            pieces.push_back(utf8.substr(begin, end - begin));
+        }
+    };
+    forEachCharacter(utf8, [&](std::size_t from, std::size_t to) {
+        if (separates(utf8.substr(from, to - from))) {
+            endAt(from);
+            begin = to;
+        }
+    });
+    endAt(utf8.size());
+    return pieces;
+}
+
 } // namespace
 
 std::vector<std::string_view> characterViews(std::string_view utf8) {
@@ -371,21 +391,28 @@ std::vector<std::string_view> split(std::string_view utf8, char separator) {
 }
 
 std::vector<std::string_view> words(std::string_view utf8) {
-    std::vector<std::string_view> pieces;
-    std::size_t begin = 0;
-    const auto endAt = [&](std::size_t end) {
-        if (end > begin) {
-            pieces.push_back(utf8.substr(begin, end - begin));
-        }
-    };
-    forEachCharacter(utf8, [&](std::size_t from, std::size_t to) {
-        if (isWhitespace(utf8.substr(from, to - from))) {
-            endAt(from);
-            begin = to;
-        }
+    return piecesBetween(utf8, isWhitespace);
+}
+
+std::vector<std::string_view> lines(std::string_view utf8) {
+    return piecesBetween(utf8, [](std::string_view character) {
+        const UChar32 first = scalarAt(character, 0).value;
+        return (first >= '\n' && first <= '\r') || first == 0x85 || first == 0x2028 ||
+               first == 0x2029;
     });
-    endAt(utf8.size());
-    return pieces;
+}
+
+bool isDottedName(std::string_view utf8) {
+    for (std::size_t i = 0; i < utf8.size();) {
+        const Scalar scalar = scalarAt(utf8, i);
+        const auto category = u_charType(scalar.value);
+        if (category != U_LOWERCASE_LETTER && category != U_DECIMAL_DIGIT_NUMBER &&
+            scalar.value != '.') {
+            return false;
+        }
+        i = scalar.end;
+    }
+    return true;
 }
 
 std::string wellFormed(std::string_view utf8) {

@@ -76,6 +76,12 @@ namespace pello::text {
 /// The pieces of `utf8` between white-space characters, empty ones left out.
 [[nodiscard]] std::vector<std::string_view> words(std::string_view utf8);
 
+/// The lines of `utf8`, empty ones left out. A line ends at any of Unicode's line breaks.
+[[nodiscard]] std::vector<std::string_view> lines(std::string_view utf8);
+
+/// Whether `utf8` is made of lower-case letters (Ll), decimal digits (Nd) and dots alone.
+[[nodiscard]] bool isDottedName(std::string_view utf8);
+
 /// `utf8` with malformed bytes replaced by U+FFFD.
 [[nodiscard]] std::string wellFormed(std::string_view utf8);
 
