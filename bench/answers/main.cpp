@@ -100,6 +100,8 @@ struct Makers {
     Surroundings surroundings{.locale = "en_US", .timeZone = "Europe/Berlin"};
     Calculator calculator{surroundings.locale};
     UnitConversion units{surroundings.locale};
+    TimeZoneConversion times{surroundings};
+    DateArithmetic dates{surroundings};
     Conversions conversions{surroundings};
     Catalogue catalogue = bench::SearchCorpus::catalogue(kItems);
 
@@ -125,6 +127,11 @@ std::vector<Subject> subjects(Makers& m) {
         {"all conversions",
          [&](const auto& q) { DoNotOptimize(m.conversions.results(q, m.loop.now())); }},
         {"  units", [&](const auto& q) { DoNotOptimize(m.units.convert(q)); }},
+        {"  times", [&](const auto& q) { DoNotOptimize(m.times.convert(q, m.loop.now())); }},
+        {"  dates: countdowns",
+         [&](const auto& q) { DoNotOptimize(m.dates.countdown(q, m.loop.now())); }},
+        {"  dates: offsets",
+         [&](const auto& q) { DoNotOptimize(m.dates.offset(q, m.loop.now())); }},
         {"typed address", [](const auto& q) { DoNotOptimize(detectURL(q)); }},
         {"web search",
          [](const auto& q) { DoNotOptimize(searchAddress(WebSearchEngine::duckDuckGo, q)); }},
