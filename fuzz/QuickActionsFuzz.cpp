@@ -114,7 +114,7 @@ void check(const std::vector<LaunchItemRef>& items, const std::string& query) {
     require(std::ranges::adjacent_find(items, std::ranges::greater_equal(), rank) == items.end(),
             "each kind at most once, in its place", query);
     for (const LaunchItemRef& item : items) {
-        require(!item->title.empty() && item->subtitle && !item->subtitle->empty(), "an empty row",
+        require(!item->title.empty() && !item->subtitle.value_or("").empty(), "an empty row",
                 query);
         if (item->id.starts_with("calc:")) {
             require(item->title.find_first_of("eEnN") == std::string::npos, "no plain number",
