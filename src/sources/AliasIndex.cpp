@@ -39,6 +39,7 @@ void AliasIndex::configure(const std::vector<URLAlias>& aliases) {
 
 void AliasIndex::rescan() {
     if (aliases_.empty() && items_->items().empty()) {
+        scans_.cancel(); // of aliases that are gone by now
         return;
     }
     auto work = [aliases = aliases_, &handlers = handlers_, &workspace = workspace_] {

@@ -63,5 +63,12 @@ TEST_F(AliasIndexTest, PublishesTheUsableAliasesInTheirOrder) {
     EXPECT_THAT(ids(), ElementsAre());
 }
 
+TEST_F(AliasIndexTest, AliasesRemovedBeforeTheirItemsWereMadeDoNotAppear) {
+    index.configure({{.alias = "a", .url = "a.test"}});
+    index.configure({});
+    loop.settle();
+    EXPECT_THAT(ids(), ElementsAre());
+}
+
 } // namespace
 } // namespace pello
