@@ -17,6 +17,11 @@ bool isOpened(std::string_view scheme) {
     return std::ranges::find(kSchemes, text::lowercased(scheme)) != kSchemes.end();
 }
 
+/// Whether `text` begins as an address with a scheme does, whatever follows.
+bool beginsWithScheme(std::string_view text) {
+    return address::scheme(text.substr(0, text.find(':') + 1)).has_value();
+}
+
 /// Whether `host` has a dot between labels, and behind the last one at least two characters.
 bool looksLikeHost(std::string_view host) {
     const auto lastDot = host.rfind('.');
@@ -35,7 +40,8 @@ std::optional<std::string> detectURL(std::string_view text) {
     if (const auto scheme = address::scheme(address)) {
         return isOpened(*scheme) ? std::optional<std::string>(address) : std::nullopt;
     }
-    if (!looksLikeHost(address.substr(0, address.find('/')))) {
+    // With a scheme, but malformed: "javascript:f(\"a.test\")" is no host either.
+    if (beginsWithScheme(address) || !looksLikeHost(address.substr(0, address.find('/')))) {
         return std::nullopt;
     }
     return "https://" + text::wellFormed(address);

@@ -149,7 +149,8 @@ TEST(TypedAddressTest, IsAnAddressOfACommonSchemeOrAHostName) {
     EXPECT_THAT(detectURL("a.b.co/x.y z"), Eq(std::nullopt));
     for (const char* text :
          {"", " ", "word", ".net", "a.b", "a.b/cc.dd", "a.", "a..bc", "javascript:alert(1).com",
-          "localhost:3000", "x.test:8080", "example.org a", "a/b.test"}) {
+          "javascript:alert(\"a.test\")", "x+y-1.z:[a.test", "localhost:3000", "x.test:8080",
+          "example.org a", "a/b.test"}) {
         EXPECT_THAT(detectURL(text), Eq(std::nullopt)) << text;
     }
 }
