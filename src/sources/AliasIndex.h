@@ -30,7 +30,7 @@ public:
     /// Makes the items of `aliases` on a worker thread, unless those are the current ones.
     void configure(const std::vector<URLAlias>& aliases);
 
-    /// Makes the items again: other applications may open their addresses by now.
+    /// Makes the items again, for when other applications open their addresses.
     void rescan();
 
     /// One item per usable alias, in the order of the aliases. Never null.

@@ -143,6 +143,14 @@ TEST_F(PelloControllerTest, AliasesAreFoundLikeApplicationsAndFollowTheSettings)
     pick("safe dep");
     EXPECT_THAT(workspace.openedAddresses, ElementsAre("https://bank.test"));
     EXPECT_GT(usage.boost("alias:safe deposit", "safe dep"), 0);
+
+    addressHandlers.applications["https"] = "/apps/browser";
+    watcher.touch(applications);
+    loop.advance(AppIndexer::kQuietPeriod);
+    controller.setQuery("safe deposit");
+    EXPECT_EQ(controller.results().front().item->icon,
+              LaunchItem::Icon(LaunchItem::FileIcon{"/apps/browser"}))
+        << "a browser was installed";
 }
 
 TEST_F(PelloControllerTest, EphemeralItemsAreRememberedAsQueriesOnly) {

@@ -52,7 +52,7 @@ private:
 };
 
 PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts)) {
-    parts_.indexer.onIndexChanged = [this] { sourcesChanged(); };
+    parts_.indexer.onIndexChanged = [this] { applicationsChanged(); };
     parts_.aliases.onIndexChanged = [this] { refresh(); };
     parts_.quickActions.onChanged = [this] { refresh(); };
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
@@ -317,10 +317,10 @@ void PelloController::configureSources() {
 void PelloController::reindex(Pruning pruning) {
     prunesAfterScan_ = prunesAfterScan_ || pruning == Pruning::forgetMissing;
     parts_.indexer.rescan();
-    parts_.aliases.rescan();
 }
 
-void PelloController::sourcesChanged() {
+void PelloController::applicationsChanged() {
+    parts_.aliases.rescan(); // others may open their addresses by now
     if (std::exchange(prunesAfterScan_, false)) {
         pruneUsage();
     }

@@ -149,7 +149,7 @@ private:
     void clampSelection();
     void recall(std::string_view text, std::optional<int> cursor);
     void configureSources();
-    void sourcesChanged();
+    void applicationsChanged();
     void pruneUsage();
     void announce();
 
