@@ -23,4 +23,9 @@ DesktopPlatform::DesktopPlatform()
     : icons_(loop_, std::make_shared<const DesktopIconSource>(services_.environment), iconTheme()) {
 }
 
+/// Scans that are under way read through the services, which go before the loop does.
+DesktopPlatform::~DesktopPlatform() {
+    loop_.endBackgroundWork();
+}
+
 } // namespace pello

@@ -13,6 +13,9 @@ namespace pello {
 class DesktopPlatform {
 public:
     DesktopPlatform();
+    ~DesktopPlatform();
+    DesktopPlatform(const DesktopPlatform&) = delete;
+    DesktopPlatform& operator=(const DesktopPlatform&) = delete;
 
     [[nodiscard]] Platform ports() { return services_.ports(); }
     [[nodiscard]] IconLoader& icons() { return icons_; }

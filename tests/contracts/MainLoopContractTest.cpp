@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -179,6 +180,30 @@ TYPED_TEST(MainLoopContract, NothingFiresAfterItsEnd) {
     this->let(10ms, *witness);
     EXPECT_THAT(this->seen, IsEmpty());
     timer.reset(); // outlived its loop
+}
+
+TEST(QtMainLoopTest, NoBackgroundWorkIsUnderWayOnceItWasEnded) {
+    constexpr int kJobs = 200;
+    const auto loop = QtDriver().make();
+    std::atomic<int> begun = 0;
+    std::atomic<int> ended = 0;
+    std::atomic<std::uint64_t> sum = 0;
+    for (int job = 0; job < kJobs; ++job) {
+        loop->background(
+            [&] {
+                ++begun;
+                for (std::uint64_t i = 0; i < 10'000; ++i) {
+                    sum += i;
+                }
+                return ++ended;
+            },
+            [](int) {});
+    }
+    dynamic_cast<QtMainLoop&>(*loop).endBackgroundWork();
+    const int seen = begun;
+    EXPECT_EQ(ended, seen);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(begun, seen);
 }
 
 } // namespace

@@ -67,6 +67,10 @@ bool QtMainLoop::Receiver::event(QEvent* event) {
 }
 
 QtMainLoop::~QtMainLoop() {
+    endBackgroundWork();
+}
+
+void QtMainLoop::endBackgroundWork() {
     workers_.clear();
     workers_.waitForDone();
     receiver_.crossing.arrive();

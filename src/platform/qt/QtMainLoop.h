@@ -20,6 +20,10 @@ public:
     QtMainLoop(const QtMainLoop&) = delete;
     QtMainLoop& operator=(const QtMainLoop&) = delete;
 
+    /// Waits for background work that has begun and drops what has not, so that what such work
+    /// borrowed may go.
+    void endBackgroundWork();
+
     [[nodiscard]] Date now() const override;
     void post(std::function<void()> action) override;
     [[nodiscard]] Subscription after(std::chrono::milliseconds delay,
