@@ -104,11 +104,14 @@ std::optional<std::string> X11Selection::clipboard(std::chrono::milliseconds pat
         return std::nullopt;
     }
     client_->request();
-    if (!client_->waitForAnswer(steady_clock::now() + patience)) {
-        client_.reset(); // an answer that comes late must not be taken for the next one
-        return std::nullopt;
+    std::optional<std::string> text;
+    if (client_->waitForAnswer(steady_clock::now() + patience)) {
+        text = client_->takeText();
     }
-    return client_->takeText();
+    if (!text) {
+        client_.reset(); // what comes late, or in pieces, must not be taken for the next answer
+    }
+    return text;
 }
 
 } // namespace pello
