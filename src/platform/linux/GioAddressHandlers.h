@@ -4,7 +4,8 @@
 
 namespace pello {
 
-/// Handlers as the desktop's list of default applications names them, by scheme.
+/// Handlers as the desktop's list of default applications names them: by scheme, and
+/// files by their kind.
 class GioAddressHandlers final : public AddressHandlers {
 public:
     [[nodiscard]] std::optional<std::filesystem::path>

@@ -25,13 +25,16 @@ TEST(GioAddressHandlersTest, NamesTheDesktopEntryOfTheDefaultApplication) {
     const auto browser = folder.write("applications/browser.desktop", entry);
     const auto other = folder.write("applications/other.desktop", entry);
     folder.write("applications/mimeinfo.cache",
-                 "[MIME Cache]\nx-scheme-handler/notes=other.desktop;\n");
+                 "[MIME Cache]\nx-scheme-handler/notes=other.desktop;\n"
+                 "inode/directory=other.desktop;\n");
     folder.write("mimeapps.list",
                  "[Default Applications]\nx-scheme-handler/https=gone.desktop;browser.desktop\n");
 
     const GioAddressHandlers handlers;
     EXPECT_THAT(handlers.applicationFor("https://a.test/b"), Optional(browser));
     EXPECT_THAT(handlers.applicationFor("notes:today"), Optional(other));
+    EXPECT_THAT(handlers.applicationFor("FILE://" + folder.path().string()), Optional(other));
+    EXPECT_THAT(handlers.applicationFor("file:///gone"), Eq(std::nullopt));
     EXPECT_THAT(handlers.applicationFor("ftp://a.test"), Eq(std::nullopt));
     EXPECT_THAT(handlers.applicationFor("no address"), Eq(std::nullopt));
     EXPECT_THAT(handlers.applicationFor(""), Eq(std::nullopt));
