@@ -21,9 +21,14 @@ QRect part(const QRect& area, Qt::LayoutDirection direction, int start, int widt
     return QStyle::visualRect(direction, area, unmirrored);
 }
 
+constexpr qsizetype kLongestEnd = 300; // of a subtitle; no screen shows more in one row
+
 /// `text` shortened to `width`: paths in their middle, where they say least.
-QString shortened(const QString& text, const QFont& font, int width) {
+QString shortened(QString text, const QFont& font, int width) {
     const bool isPath = text.contains(QLatin1Char('/'));
+    if (text.size() > 2 * kLongestEnd) { // measuring what was pasted takes long
+        text = text.first(kLongestEnd) + text.last(kLongestEnd);
+    }
     return QFontMetrics(font).elidedText(text, isPath ? Qt::ElideMiddle : Qt::ElideRight, width);
 }
 
