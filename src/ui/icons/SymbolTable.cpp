@@ -25,7 +25,7 @@ constexpr auto kDrawings = std::to_array<SymbolDrawing>({
     {"arrow.clockwise.circle", "system-reboot-symbolic", "↻", kOrange},
     {"arrow.down.circle", "software-update-available-symbolic", "↓", kGreen},
     {"arrow.left.arrow.right", "object-flip-horizontal-symbolic", "⇄", kGreen},
-    {"arrow.up.right.square", "web-browser-symbolic", "↗", kBlue},
+    {"arrow.up.right.square", "external-link-symbolic", "↗", kBlue},
     {"calendar", "x-office-calendar-symbolic", "▦", kRed},
     {"circle.lefthalf.filled", "weather-clear-night-symbolic", "◐", kSlate},
     {"clock", "preferences-system-time-symbolic", "◷", kIndigo},
