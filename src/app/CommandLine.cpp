@@ -6,8 +6,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pello {
@@ -40,7 +43,7 @@ public:
 
     std::variant<Command, int> parse(int argc, const char* const* argv) {
         try {
-            app_.parse(argc, argv);
+            app_.parse(takeLiteral(argc, argv), argv);
         } catch (const CLI::Success& request) { // help or version
             return app_.exit(request);
         } catch (const CLI::ParseError& error) {
@@ -51,6 +54,23 @@ public:
     }
 
 private:
+    /// Takes what follows "--" of a text to answer, where the parser would look for options of the
+    /// program, and returns how many arguments are left.
+    int takeLiteral(int argc, const char* const* argv) {
+        const std::span arguments(argv, static_cast<std::size_t>(argc));
+        const auto is = [](std::string_view text) {
+            return [text](const char* argument) { return argument == text; };
+        };
+        const bool asksForAnswer =
+            argc > 1 && (is("calc")(arguments[1]) || is("convert")(arguments[1]));
+        const auto dashes =
+            asksForAnswer ? std::ranges::find_if(arguments, is("--")) : arguments.end();
+        if (dashes != arguments.end()) {
+            literal_.assign(dashes + 1, arguments.end());
+        }
+        return static_cast<int>(dashes - arguments.begin());
+    }
+
     void addClientVerb(const std::string& verb, const std::string& description) {
         app_.add_subcommand(verb, description)->callback([this, verb] {
             command_ = ClientCommand{verb};
@@ -83,7 +103,8 @@ private:
         addSurroundings(*answer);
         answer->allow_extras(); // not an option of its own: "-2+3" would be taken for a flag
         answer->callback([this, answer, evaluator] {
-            const auto words = answer->remaining();
+            auto words = answer->remaining();
+            words.insert(words.end(), literal_.begin(), literal_.end());
             if (words.empty()) {
                 throw CLI::RequiredError("A text to answer");
             }
@@ -144,6 +165,7 @@ private:
     AskedFrom from_;
     SettingsCommand settings_;
     std::vector<std::string> words_;
+    std::vector<std::string> literal_;
     bool isJson_ = false;
     Command command_;
 };

@@ -58,6 +58,8 @@ TEST(CommandLineTest, AnAnswerTakesTextThatLooksLikeAnOption) {
     EXPECT_EQ(convert.text, "5 km");
     EXPECT_EQ(convert.evaluator, AnswerCommand::Evaluator::conversions);
     EXPECT_EQ(convert.from.now, Date::fromUnix(1795279980));
+    EXPECT_EQ(command<AnswerCommand>({"calc", "--", "--locale", "-h"}).text, "--locale -h");
+    EXPECT_EQ(command<QueryCommand>({"query", "--", "-x"}).text, "-x");
 }
 
 TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
