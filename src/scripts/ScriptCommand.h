@@ -41,6 +41,9 @@ struct ScriptCommand {
 
     [[nodiscard]] LaunchItem::Icon launcherIcon() const;
 
+    /// The detail, or without one the name of the file: what a row says below the name.
+    [[nodiscard]] std::string shownDetail() const;
+
     friend bool operator==(const ScriptCommand&, const ScriptCommand&) = default;
 };
 

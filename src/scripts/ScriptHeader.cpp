@@ -42,4 +42,39 @@ std::string_view scriptHeader(std::string_view firstBytes) {
     return text::wellFormed(header) == header ? header : std::string_view();
 }
 
+ScriptHeaderValues ScriptHeaderValues::of(std::string_view header) {
+    ScriptHeaderValues values;
+    for (const std::string_view whole : text::lines(header)) {
+        std::string_view line = text::trimmingBlanks(whole);
+        if (line.empty() || line.starts_with("#!")) {
+            continue;
+        }
+        if (!line.starts_with('#')) {
+            break;
+        }
+        line.remove_prefix(std::min(line.find_first_not_of('#'), line.size()));
+        values.readComment(text::trimmingBlanks(line));
+    }
+    return values;
+}
+
+/// Notes what a comment says, without its "#"s, if it is one of ours.
+void ScriptHeaderValues::readComment(std::string_view comment) {
+    constexpr std::string_view kMark = "pello.";
+    const auto colon = comment.find(':');
+    if (colon == std::string_view::npos || !text::lowercased(comment).starts_with(kMark)) {
+        return;
+    }
+    const auto key = text::trimmingBlanks(comment.substr(kMark.size(), colon - kMark.size()));
+    const auto value = text::trimmingBlanks(comment.substr(colon + 1));
+    if (!value.empty()) {
+        values_.insert_or_assign(text::lowercased(key), std::string(value));
+    }
+}
+
+std::optional<std::string> ScriptHeaderValues::value(std::string_view key) const {
+    const auto found = values_.find(key);
+    return found != values_.end() ? std::optional(found->second) : std::nullopt;
+}
+
 } // namespace pello

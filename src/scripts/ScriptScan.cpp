@@ -1,0 +1,99 @@
+#include "scripts/ScriptScan.h"
+
+#include "base/Collation.h"
+#include "scripts/ScriptHeader.h"
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+#include <system_error>
+
+namespace pello {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The visible files of `folder`, by name.
+std::vector<fs::path> visibleFiles(const fs::path& folder) {
+    std::vector<fs::path> files;
+    std::error_code error;
+    fs::create_directories(folder, error);
+    fs::directory_iterator next(folder, error);
+    for (; !error && next != fs::directory_iterator(); next.increment(error)) {
+        const bool isHidden = next->path().filename().native().starts_with('.');
+        std::error_code unreadable;
+        if (!isHidden && next->is_regular_file(unreadable)) {
+            files.push_back(next->path());
+        }
+    }
+    std::ranges::sort(files);
+    return files;
+}
+
+bool isExecutable(const fs::path& file) {
+    constexpr auto kExecutable =
+        fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+    std::error_code error;
+    const auto status = fs::status(file, error);
+    return !error && (status.permissions() & kExecutable) != fs::perms::none;
+}
+
+std::optional<std::string> firstBytes(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) {
+        return std::nullopt;
+    }
+    std::string bytes(kScriptHeaderBytes, '\0');
+    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+    return bytes;
+}
+
+/// Goes through the files of a folder one by one.
+class Scan {
+public:
+    explicit Scan(std::string_view locale) : locale_(locale) {}
+
+    void consider(const fs::path& file) {
+        const auto bytes = isExecutable(file) ? firstBytes(file) : std::nullopt;
+        if (!bytes) {
+            complain(file, isExecutable(file) ? "it cannot be read" : "it is not executable");
+            return;
+        }
+        const auto header = scriptHeader(*bytes);
+        if (header.empty() && !bytes->empty()) {
+            complain(file, "its header is not UTF-8 text, and is ignored");
+        }
+        const auto values = ScriptHeaderValues::of(header);
+        if (const auto keyword = values.value("keyword");
+            keyword && keyword->find(' ') != std::string::npos) {
+            complain(file, "its keyword contains a space, and is ignored");
+        }
+        found.commands.push_back(ScriptCommand::parse(header, file, locale_));
+    }
+
+    ScriptScan found;
+
+private:
+    void complain(const fs::path& file, const char* reason) {
+        found.problems.push_back({.file = file, .reason = reason});
+    }
+
+    std::string_view locale_;
+};
+
+} // namespace
+
+ScriptScan ScriptScan::of(const fs::path& folder, std::string_view locale) {
+    Scan scan(locale);
+    for (const fs::path& file : visibleFiles(folder)) {
+        scan.consider(file);
+    }
+    const Collation collation(locale);
+    std::ranges::stable_sort(scan.found.commands, [&](const auto& left, const auto& right) {
+        return collation.compare(left.name, right.name) < 0;
+    });
+    return std::move(scan.found);
+}
+
+} // namespace pello
