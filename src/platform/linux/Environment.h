@@ -1,6 +1,7 @@
 #pragma once
 
-#include <map>
+#include "platform/EnvironmentVariables.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,10 +10,13 @@ namespace pello {
 
 /// A process's environment variables, as a value. An empty variable counts as unset.
 struct Environment {
-    std::map<std::string, std::string, std::less<>> variables;
+    EnvironmentVariables variables;
 
     /// What this process was started with. Call it before threads change the environment.
     [[nodiscard]] static Environment ofThisProcess();
+
+    /// Without what this process alone was told about itself.
+    [[nodiscard]] Environment forOtherPrograms() const;
 
     /// The variable's value; empty when it is unset. Lives as long as this object is unchanged.
     [[nodiscard]] std::string_view value(std::string_view name) const;
