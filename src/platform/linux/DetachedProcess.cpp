@@ -1,11 +1,11 @@
 #include "platform/linux/DetachedProcess.h"
 
+#include "platform/linux/ForkedProgram.h"
+
 #include <sys/wait.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -35,77 +35,22 @@ struct Pipe {
     }
 };
 
-/// What execve takes, pointing into a plan.
-struct Layout {
-    explicit Layout(const ProcessPlan& plan)
-        : program(plan.program.c_str()), folder(plan.folder.c_str()) {
-        for (const auto& [name, value] : plan.environment.variables) {
-            lines.push_back(name);
-            lines.back().append("=").append(value);
-        }
-        arguments = pointers(plan.arguments);
-        environment = pointers(lines);
-    }
-
-    static std::vector<char*> pointers(const std::vector<std::string>& strings) {
-        std::vector<char*> found;
-        found.reserve(strings.size() + 1);
-        for (const std::string& text : strings) {
-            found.push_back(const_cast<char*>(text.c_str())); // execve does not write to them
-        }
-        found.push_back(nullptr);
-        return found;
-    }
-
-    const char* program;
-    const char* folder;
-    std::vector<std::string> lines;
-    std::vector<char*> arguments;
-    std::vector<char*> environment;
-};
-
 // From here to startDetached: between fork and execve.
 
-void resetSignals() {
-    struct sigaction standard{};
-    standard.sa_handler = SIG_DFL;
-    for (int signal = 1; signal < NSIG; ++signal) {
-        ::sigaction(signal, &standard, nullptr);
-    }
-    sigset_t none;
-    sigemptyset(&none);
-    ::sigprocmask(SIG_SETMASK, &none, nullptr);
-}
-
-void resetDescriptors() {
-    const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (nowhere >= 0) {
-            ::dup2(nowhere, stream);
-        }
-    }
-    if (::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC) == 0) {
-        return;
-    }
-    constexpr int kMost = 65536; // a kernel before 5.11
-    for (int descriptor = STDERR_FILENO + 1; descriptor < kMost; ++descriptor) {
-        ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
-    }
-}
-
-[[noreturn]] void becomeProgram(const Layout& layout, int outcome) {
+[[noreturn]] void becomeProgram(const ExecLayout& layout, int outcome) {
     ::setsid();
     resetSignals();
-    resetDescriptors();
-    if (::chdir(layout.folder) == 0) {
-        ::execve(layout.program, layout.arguments.data(), layout.environment.data());
+    resetStandardStreams();
+    endDescriptors(STDERR_FILENO + 1, DescriptorFate::closeOnExec);
+    if (layout.enterFolder()) {
+        layout.execute();
     }
     const int error = errno;
     [[maybe_unused]] const ssize_t written = ::write(outcome, &error, sizeof error);
     ::_exit(127);
 }
 
-[[noreturn]] void forkProgram(const Layout& layout, int pidEnd, int outcome) {
+[[noreturn]] void forkProgram(const ExecLayout& layout, int pidEnd, int outcome) {
     const pid_t pid = ::fork();
     if (pid == 0) {
         becomeProgram(layout, outcome);
@@ -115,22 +60,6 @@ void resetDescriptors() {
     [[maybe_unused]] const ssize_t written = ::write(pidEnd, message.data(), sizeof message);
     ::_exit(0);
 }
-
-/// Blocks every signal while it lives: no handler of this program may run in the child.
-class SignalsBlocked {
-public:
-    SignalsBlocked() {
-        sigset_t all;
-        sigfillset(&all);
-        ::pthread_sigmask(SIG_SETMASK, &all, &before_);
-    }
-    ~SignalsBlocked() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    SignalsBlocked(const SignalsBlocked&) = delete;
-    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
-
-private:
-    sigset_t before_{};
-};
 
 /// What the process in the middle reports: the program's pid, or an error.
 StartedProcess awaitReport(pid_t middle, int pidEnd) {
@@ -147,7 +76,7 @@ StartedProcess awaitReport(pid_t middle, int pidEnd) {
 } // namespace
 
 StartedProcess startDetached(const ProcessPlan& plan) {
-    const Layout layout(plan);
+    const ExecLayout layout(plan);
     Pipe report;
     Pipe outcome;
     StartedProcess started;

@@ -2,9 +2,30 @@
 
 #include "base/Text.h"
 
+#include <array>
 #include <unistd.h>
 
 namespace pello {
+namespace {
+
+/// What this process was told about itself, by whoever started it. Of no meaning to others.
+constexpr std::array kOwnVariables = {
+    "DESKTOP_STARTUP_ID",
+    "GIO_LAUNCHED_DESKTOP_FILE",
+    "GIO_LAUNCHED_DESKTOP_FILE_PID",
+    "INVOCATION_ID",
+    "JOURNAL_STREAM",
+    "LISTEN_FDNAMES",
+    "LISTEN_FDS",
+    "LISTEN_PID",
+    "MANAGERPID",
+    "NOTIFY_SOCKET",
+    "WATCHDOG_PID",
+    "WATCHDOG_USEC",
+    "XDG_ACTIVATION_TOKEN",
+};
+
+} // namespace
 
 Environment Environment::ofThisProcess() {
     Environment environment;
@@ -15,6 +36,14 @@ Environment Environment::ofThisProcess() {
         }
     }
     return environment;
+}
+
+Environment Environment::forOtherPrograms() const {
+    Environment others = *this;
+    for (const char* variable : kOwnVariables) {
+        others.variables.erase(variable);
+    }
+    return others;
 }
 
 std::string_view Environment::value(std::string_view name) const {

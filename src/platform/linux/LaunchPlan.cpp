@@ -6,37 +6,12 @@
 #include "platform/linux/TerminalEmulators.h"
 #include "platform/linux/XdgFolders.h"
 
-#include <array>
 #include <system_error>
 #include <utility>
 
 namespace pello {
 
 namespace {
-
-/// What this process was told about itself, by whoever started it. Of no meaning to others.
-constexpr std::array kOwnVariables = {
-    "DESKTOP_STARTUP_ID",
-    "GIO_LAUNCHED_DESKTOP_FILE",
-    "GIO_LAUNCHED_DESKTOP_FILE_PID",
-    "INVOCATION_ID",
-    "JOURNAL_STREAM",
-    "LISTEN_FDNAMES",
-    "LISTEN_FDS",
-    "LISTEN_PID",
-    "MANAGERPID",
-    "NOTIFY_SOCKET",
-    "WATCHDOG_PID",
-    "WATCHDOG_USEC",
-    "XDG_ACTIVATION_TOKEN",
-};
-
-Environment forOthers(Environment environment) {
-    for (const char* variable : kOwnVariables) {
-        environment.variables.erase(variable);
-    }
-    return environment;
-}
 
 LaunchProblem notInstalled(const std::string& program) {
     return {"the program “" + text::wellFormed(program) + "” is not installed"};
@@ -88,7 +63,7 @@ std::variant<ProcessPlan, LaunchProblem> commandPlan(std::vector<std::string> ar
     std::error_code error;
     return ProcessPlan{.program = *std::move(program),
                        .arguments = std::move(arguments),
-                       .environment = forOthers(environment),
+                       .environment = environment.forOtherPrograms(),
                        .folder = std::filesystem::is_directory(home, error) ? home : "/"};
 }
 
