@@ -3,6 +3,7 @@
 #include "app/LinuxServices.h"
 #include "platform/linux/InotifyFolderWatcher.h"
 #include "platform/linux/X11Compositor.h"
+#include "platform/linux/X11Keystrokes.h"
 #include "platform/linux/X11Pasteboard.h"
 #include "platform/qt/QtMainLoop.h"
 #include "ui/icons/IconLoader.h"
@@ -25,7 +26,9 @@ private:
     InotifyFolderWatcher watcher_;
     QtMainLoop loop_;
     X11Pasteboard pasteboard_;
-    LinuxServices services_{loop_, watcher_, pasteboard_, LinuxServices::Session::connected};
+    X11Keystrokes keystrokes_;
+    LinuxServices services_{loop_, watcher_, pasteboard_, keystrokes_,
+                            LinuxServices::Session::connected};
     X11Compositor compositor_;
     IconLoader icons_;
 };

@@ -1,6 +1,7 @@
 #include "app/HeadlessPlatform.h"
 
 #include "platform/memory/MemoryFolderWatcher.h"
+#include "platform/memory/MemoryKeystrokes.h"
 #include "platform/memory/MemoryMainLoop.h"
 #include "platform/memory/MemoryPasteboard.h"
 #include "platform/qt/TerminalPasteboard.h"
@@ -26,7 +27,9 @@ struct HeadlessPlatform::Adapters {
     explicit Adapters(const Options& options)
         : stoppedAt(options.stoppedAt),
           pasteboard(makePasteboard(options.terminal)),
-          services(loop, watcher, *pasteboard, options.session) {}
+          services(loop, watcher, *pasteboard, keystrokes, options.session) {
+        keystrokes.outcome = Keystrokes::Outcome::impossible; // the user pastes
+    }
 
     [[nodiscard]] Date now() const { return stoppedAt ? *stoppedAt : Date::ofSystemClock(); }
 
@@ -38,6 +41,7 @@ struct HeadlessPlatform::Adapters {
     MemoryMainLoop loop{now()};
     MemoryFolderWatcher watcher; // one command is over before anything changes
     std::unique_ptr<Pasteboard> pasteboard;
+    MemoryKeystrokes keystrokes;
     LinuxServices services;
 };
 

@@ -30,10 +30,12 @@ QDBusConnection busOf(LinuxServices::Session session, const Environment& environ
 } // namespace
 
 LinuxServices::LinuxServices(MainLoop& mainLoop, FolderWatcher& folderWatcher,
-                             Pasteboard& generalPasteboard, Session session)
+                             Pasteboard& generalPasteboard, Keystrokes& pressedKeys,
+                             Session session)
     : loop(mainLoop),
       watcher(folderWatcher),
       pasteboard(generalPasteboard),
+      keystrokes(pressedKeys),
       environment(Environment::ofThisProcess()),
       folders(xdgFolders(environment)),
       log(makeSystemLog(folders)),
@@ -50,6 +52,7 @@ Platform LinuxServices::ports() {
             .workspace = workspace,
             .addressHandlers = addressHandlers,
             .pasteboard = pasteboard,
+            .keystrokes = keystrokes,
             .loginItem = loginItem,
             .log = *log,
             .home = folders.home};

@@ -3,6 +3,7 @@
 #include "platform/AddressHandlers.h"
 #include "platform/BundleReader.h"
 #include "platform/FolderWatcher.h"
+#include "platform/Keystrokes.h"
 #include "platform/Log.h"
 #include "platform/LoginItem.h"
 #include "platform/MainLoop.h"
@@ -23,6 +24,7 @@ struct Platform {
     Workspace& workspace;
     const AddressHandlers& addressHandlers;
     Pasteboard& pasteboard;
+    Keystrokes& keystrokes;
     LoginItem& loginItem;
     Log& log;
     /// The user's home folder.

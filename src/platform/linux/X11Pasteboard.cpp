@@ -30,6 +30,11 @@ std::string X11Pasteboard::text() {
     return isX11 && !clipboard->ownsClipboard() ? textOfOthers() : clipboard->text().toStdString();
 }
 
+bool X11Pasteboard::holdsOwn(std::string_view text) {
+    const QClipboard* clipboard = QGuiApplication::clipboard();
+    return clipboard->ownsClipboard() && clipboard->text().toStdString() == text;
+}
+
 std::string X11Pasteboard::textOfOthers() {
     const auto begin = steady_clock::now();
     if (begin < askAgain_) {

@@ -13,6 +13,7 @@ class X11Pasteboard final : public Pasteboard {
 public:
     void setText(std::string_view text) override;
     [[nodiscard]] std::string text() override;
+    [[nodiscard]] bool holdsOwn(std::string_view text) override;
 
 private:
     [[nodiscard]] std::string textOfOthers();

@@ -9,6 +9,10 @@ class CocoaPasteboard final : public Pasteboard {
 public:
     void setText(std::string_view text) override;
     [[nodiscard]] std::string text() override;
+    [[nodiscard]] bool holdsOwn(std::string_view text) override;
+
+private:
+    long ownChange_ = -1; // the pasteboard's change count as `setText` left it
 };
 
 } // namespace pello

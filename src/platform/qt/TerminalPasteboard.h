@@ -17,6 +17,7 @@ public:
 
     void setText(std::string_view text) override;
     [[nodiscard]] std::string text() override { return text_; }
+    [[nodiscard]] bool holdsOwn(std::string_view text) override { return text_ == text; }
 
 private:
     std::ostream& terminal_;
