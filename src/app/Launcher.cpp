@@ -11,6 +11,8 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
                platform.home),
       aliases_(platform.loop, platform.addressHandlers, platform.workspace),
       quickActions_(platform.loop, platform.workspace, platform.pasteboard),
+      systemActions_(platform.loop, platform.pasteboard, platform.keystrokes),
+      glyphs_(platform.loop, systemActions_),
       controller_({.settings = settings_,
                    .indexer = indexer_,
                    .aliases = aliases_,
@@ -20,7 +22,8 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
                    .loop = platform.loop,
                    .workspace = platform.workspace,
                    .pasteboard = platform.pasteboard,
-                   .bundles = platform.bundles}),
+                   .bundles = platform.bundles,
+                   .glyphs = glyphs_}),
       onProblem_(platform.defaults.problem.connect(
           [this](const std::string& sentence) { controller_.report(sentence); })),
       onFailure_(platform.workspace.failed.connect([this](const std::string& sentence) {
@@ -28,6 +31,7 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
           controller_.report(sentence);
       })) {
     quickActions_.prepare(surroundings);
+    glyphs_.prepare();
 }
 
 } // namespace pello

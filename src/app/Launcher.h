@@ -14,6 +14,7 @@ public:
 
     [[nodiscard]] PelloController& controller() { return controller_; }
     [[nodiscard]] PelloSettings& settings() { return settings_; }
+    [[nodiscard]] const GlyphCatalogue& glyphs() const { return glyphs_; }
     [[nodiscard]] const UsageStore& usage() const { return usage_; }
     [[nodiscard]] const QuickActions& quickActions() const { return quickActions_; }
 
@@ -25,6 +26,8 @@ private:
     AppIndexer indexer_;
     AliasIndex aliases_;
     QuickActions quickActions_;
+    SystemActions systemActions_;
+    GlyphCatalogue glyphs_;
     PelloController controller_;
     Subscription onProblem_;
     Subscription onFailure_;

@@ -40,10 +40,7 @@ private:
 
 class PelloControllerTest : public testing::Test, protected MemoryLauncher {
 protected:
-    explicit PelloControllerTest(Catalogue glyphCatalogue = {})
-        : MemoryLauncher(std::move(glyphCatalogue)) {
-        install({"Safari", "Safe Mode", "Terminal", "Text Editor"});
-    }
+    PelloControllerTest() { install({"Safari", "Safe Mode", "Terminal", "Text Editor"}); }
 
     NotingPanel panel;
 };
@@ -276,57 +273,67 @@ TEST_F(PelloControllerTest, PruningForgetsOnlyApplicationsThatAreGone) {
     EXPECT_GT(usage.boost("pane:network", ""), 0) << "panes were not scanned";
 }
 
-TEST_F(PelloControllerTest, WithoutGlyphsTheirPrefixesMeanNothing) {
-    install({"key cutter"});
-    pick("key c");
-    EXPECT_EQ(usage.boost(idOf("key cutter"), "key c"), 28 + UsageStore::Boost::kBinding);
-    EXPECT_EQ(usage.boost(idOf("key cutter"), "c"), 28) << "that was not what was typed";
-    EXPECT_THAT(found("key c"), ElementsAre("key cutter"));
-}
-
-/// A launcher that knows more glyphs than it shows.
 class GlyphModeTest : public PelloControllerTest {
 protected:
-    static constexpr int kGlyphs = 100;
-
-    static Catalogue manyGlyphs() {
-        std::vector<LaunchItem> items;
-        for (int i = 0; i < kGlyphs; ++i) {
-            items.push_back(
-                {.id = "glyph:" + std::to_string(i), .title = "fire " + std::to_string(i)});
-        }
-        return {PreparedList::make(std::move(items))};
+    GlyphModeTest() {
+        glyphs.prepare();
+        loop.settle();
     }
-
-    GlyphModeTest() : PelloControllerTest(manyGlyphs()) {}
 };
+
+TEST_F(PelloControllerTest, GlyphsAreFoundAsSoonAsTheyArePrepared) {
+    controller.setQuery(":fire");
+    EXPECT_THAT(controller.results(), IsEmpty()) << "no search of the web either";
+    glyphs.prepare();
+    loop.settle();
+    ASSERT_FALSE(titles().empty());
+    EXPECT_EQ(titles().front(), "fire");
+}
 
 TEST_F(GlyphModeTest, FindsSixtyGlyphsAtMostAndNothingElse) {
     settings.maximumResults.set(1);
-    EXPECT_THAT(found(":fire"), SizeIs(60));
-    EXPECT_THAT(found("emoji fire 99"), ElementsAre("fire 99"));
+    EXPECT_THAT(found(":face"), SizeIs(60));
+    EXPECT_THAT(found(": "), SizeIs(60));
+    EXPECT_EQ(found("emoji fire engine").front(), "fire engine");
+    EXPECT_EQ(found("key escape").front(), "escape key");
     EXPECT_THAT(found(":safari"), IsEmpty());
-    EXPECT_THAT(found("safari"), ElementsAre("Safari"));
+    EXPECT_EQ(found("safari"), (std::vector<std::string>{"Safari"}));
 }
 
-TEST_F(GlyphModeTest, AnEmptySearchBrowsesThemTheLearnedOnesFirst) {
-    usage.record("glyph:70", "");
-    usage.record("glyph:3", "");
-    usage.record("glyph:3", "");
-    const auto browsed = found(": ");
-    ASSERT_THAT(browsed, SizeIs(60));
-    EXPECT_THAT(std::vector(browsed.begin(), browsed.begin() + 6),
-                ElementsAre("fire 3", "fire 70", "fire 0", "fire 1", "fire 2", "fire 4"));
-    EXPECT_EQ(browsed.back(), "fire 58");
+TEST_F(GlyphModeTest, WhatIsLearnedForOnePrefixCountsForAllAndIsPasted) {
+    pick(":fire", 1);
+    const std::string id = glyphs.results("fire", usage).front().item->id;
+    EXPECT_NE(id, "glyph:1f525") << "the second row was picked";
+    EXPECT_EQ(usage.boost(id, "fire"), 28 + UsageStore::Boost::kBinding);
+    EXPECT_EQ(usage.boost(id, ":fire"), 28);
+    EXPECT_EQ(found("emoji  fire"), found(":fire"));
+    EXPECT_THAT(history.entries(), ElementsAre(":fire"));
+    EXPECT_FALSE(pasteboard.text().empty());
 }
 
-TEST_F(GlyphModeTest, WhatIsLearnedForOnePrefixCountsForAll) {
-    pick(":fire 7");
-    const double bound = 28 + UsageStore::Boost::kBinding;
-    EXPECT_EQ(usage.boost("glyph:7", "fire 7"), bound);
-    EXPECT_EQ(usage.boost("glyph:7", ":fire 7"), 28);
-    EXPECT_EQ(found("emoji  fire 7").front(), "fire 7");
-    EXPECT_THAT(history.entries(), ElementsAre(":fire 7"));
+TEST_F(GlyphModeTest, VariantsReplaceTheResultsUntilTheNextKeystroke) {
+    controller.setQuery(":fire");
+    EXPECT_FALSE(controller.offerVariants());
+    const auto thumbs = found(":thumbs up");
+    EXPECT_TRUE(controller.offerVariants());
+    ASSERT_THAT(titles(), SizeIs(5));
+    EXPECT_EQ(titles().front(), "thumbs up: light skin tone");
+    reindex();
+    EXPECT_THAT(titles(), SizeIs(5)) << "a scan has ended meanwhile";
+    EXPECT_TRUE(controller.withdrawVariants());
+    EXPECT_EQ(titles(), thumbs);
+    controller.offerVariants();
+    EXPECT_EQ(found(":thumbs u").front(), "thumbs up");
+    EXPECT_FALSE(controller.withdrawVariants());
+
+    controller.setQuery(":thumbs");
+    controller.offerVariants();
+    controller.setSelection(2);
+    controller.runSelection();
+    loop.settle();
+    EXPECT_EQ(pasteboard.text(), "👍🏽");
+    controller.show("emoji thumbs");
+    EXPECT_EQ(titles().front(), "thumbs up: medium skin tone") << "learned as a glyph of its own";
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/memory/MemoryAddressHandlers.h"
 #include "platform/memory/MemoryBundleReader.h"
 #include "platform/memory/MemoryFolderWatcher.h"
+#include "platform/memory/MemoryKeystrokes.h"
 #include "platform/memory/MemoryLoginItem.h"
 #include "platform/memory/MemoryMainLoop.h"
 #include "platform/memory/MemoryPasteboard.h"
@@ -22,8 +23,6 @@ namespace pello {
 /// A whole launcher over a folder of applications, on a desktop in memory.
 class MemoryLauncher {
 public:
-    explicit MemoryLauncher(Catalogue glyphCatalogue = {}) : glyphs(std::move(glyphCatalogue)) {}
-
     /// Makes applications of these names and indexes them.
     void install(const std::vector<std::string>& names) {
         for (const std::string& name : names) {
@@ -91,13 +90,15 @@ public:
     MemoryWorkspace workspace;
     MemoryAddressHandlers addressHandlers;
     MemoryPasteboard pasteboard;
+    MemoryKeystrokes keystrokes;
     PelloSettings settings{defaults, loginItem};
     UsageStore usage{defaults, loop};
     QueryHistory history{defaults};
     AppIndexer indexer{loop, watcher, bundles, workspace, folder.path()};
     AliasIndex aliases{loop, addressHandlers, workspace};
     QuickActions quickActions{loop, workspace, pasteboard};
-    Catalogue glyphs;
+    SystemActions systemActions{loop, pasteboard, keystrokes};
+    GlyphCatalogue glyphs{loop, systemActions};
     PelloController controller{{.settings = settings,
                                 .indexer = indexer,
                                 .aliases = aliases,

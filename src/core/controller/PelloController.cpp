@@ -8,31 +8,6 @@
 #include <unordered_set>
 
 namespace pello {
-namespace {
-
-// Glyphs are browsed rather than picked from the first rows, whatever `maximumResults` says.
-constexpr std::size_t kMaximumGlyphResults = 60;
-
-/// Glyphs to choose from before anything is searched for: the learned ones, the most used first,
-/// and then all others in their own order.
-std::vector<SearchResult> browsable(const Catalogue& glyphs, const UsageStore& usage) {
-    auto rows = SearchEngine::results("", glyphs, {}, usage, kMaximumGlyphResults);
-    std::unordered_set<const LaunchItem*> learned;
-    for (const SearchResult& row : rows) {
-        learned.insert(row.item.get());
-    }
-    for (const auto& list : glyphs) {
-        for (std::size_t i = 0; i < list->items().size() && rows.size() < kMaximumGlyphResults;
-             ++i) {
-            if (!learned.contains(&list->items()[i])) {
-                rows.push_back({.item = list->ref(i), .score = 0, .titleMatches = {}});
-            }
-        }
-    }
-    return rows;
-}
-
-} // namespace
 
 class PelloController::Change {
 public:
@@ -55,6 +30,7 @@ PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts
     parts_.indexer.onIndexChanged = [this] { applicationsChanged(); };
     parts_.aliases.onIndexChanged = [this] { refresh(); };
     parts_.quickActions.onChanged = [this] { refresh(); };
+    parts_.glyphs.onPrepared = [this] { refresh(); };
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
         configureSources();
         refresh();
@@ -76,6 +52,7 @@ void PelloController::setQuery(std::string_view query) {
         historyCursor_.reset();
     }
     query_ = query;
+    variants_.clear();
     announce();
     refresh();
 }
@@ -136,16 +113,17 @@ void PelloController::refresh() {
 
 SearchMode PelloController::mode() const {
     const SearchMode asked = SearchMode::of(query_);
-    const bool canBeServed = asked.kind == SearchMode::Kind::glyphs && !parts_.glyphs.empty();
-    return canBeServed ? asked : SearchMode{.kind = SearchMode::Kind::normal, .text = query_};
+    return asked.kind == SearchMode::Kind::glyphs
+               ? asked
+               : SearchMode{.kind = SearchMode::Kind::normal, .text = query_};
 }
 
 std::vector<SearchResult> PelloController::search() const {
-    const SearchMode now = mode();
-    if (now.kind == SearchMode::Kind::glyphs) {
-        return now.text.empty() ? browsable(parts_.glyphs, parts_.usage)
-                                : SearchEngine::results(now.text, parts_.glyphs, {}, parts_.usage,
-                                                        kMaximumGlyphResults);
+    if (!variants_.empty()) {
+        return variants_;
+    }
+    if (const SearchMode now = mode(); now.kind == SearchMode::Kind::glyphs) {
+        return parts_.glyphs.results(now.text, parts_.usage);
     }
     const auto quickActions = parts_.quickActions.items(query_, parts_.settings);
     return SearchEngine::results(query_, catalogue(), quickActions, parts_.usage,
@@ -207,6 +185,33 @@ bool PelloController::isSelectionCopied() const {
     return result != nullptr && result->item == copied_;
 }
 
+bool PelloController::offerVariants() {
+    const SearchResult* result = selectedResult();
+    std::vector<SearchResult> variants;
+    if (result != nullptr) {
+        for (LaunchItemRef& variant : parts_.glyphs.variants(*result->item)) {
+            variants.push_back({.item = std::move(variant), .score = 0, .titleMatches = {}});
+        }
+    }
+    if (variants.empty()) {
+        return false;
+    }
+    const Change change(*this);
+    variants_ = std::move(variants);
+    refresh();
+    setSelection(0);
+    return true;
+}
+
+bool PelloController::withdrawVariants() {
+    if (variants_.empty()) {
+        return false;
+    }
+    variants_.clear();
+    refresh();
+    return true;
+}
+
 void PelloController::run(const LaunchItemRef& item) {
     parts_.queryHistory.record(query_);
     hide();
@@ -266,6 +271,7 @@ void PelloController::show(std::string_view prefilling) {
         const Change change(*this);
         ++presentationToken_;
         selection_ = 0;
+        variants_.clear();
         historyCursor_.reset();
         if (query_ != prefilling) {
             setQuery(prefilling);

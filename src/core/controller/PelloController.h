@@ -14,6 +14,7 @@
 #include "search/UsageStore.h"
 #include "sources/AliasIndex.h"
 #include "sources/AppIndexer.h"
+#include "sources/GlyphCatalogue.h"
 #include "sources/QuickActions.h"
 
 #include <optional>
@@ -36,8 +37,7 @@ struct ControllerParts {
     Workspace& workspace;
     Pasteboard& pasteboard;
     const BundleReader& bundles;
-    /// What glyph searches search. Without glyphs their prefixes mean nothing special.
-    Catalogue glyphs;
+    GlyphCatalogue& glyphs;
 };
 
 /// Owns the launcher's state: what is typed, what was found, which row is selected.
@@ -103,6 +103,13 @@ public:
     /// Whether the selected row is an answer that was copied since the last refresh.
     [[nodiscard]] bool isSelectionCopied() const;
 
+    /// Shows the selected emoji in its skin tones, instead of the results, until something else is
+    /// typed. False when the selected row has none.
+    bool offerVariants();
+
+    /// Shows the results again. False when no variants are shown.
+    bool withdrawVariants();
+
     /// Records the choice, hides the panel and starts the item's action in a later turn of the main
     /// loop.
     void run(const LaunchItemRef& item);
@@ -142,7 +149,8 @@ public:
 
 private:
     [[nodiscard]] const SearchResult* selectedResult() const;
-    /// What the query searches now: a normal search where nothing serves the mode it asks for.
+    /// What the query searches now: a normal search where it asks for windows, which nothing
+    /// serves.
     [[nodiscard]] SearchMode mode() const;
     [[nodiscard]] std::vector<SearchResult> search() const;
     void replaceResults(std::vector<SearchResult> results);
@@ -160,6 +168,7 @@ private:
     LauncherPanel* panel_ = nullptr;
     std::string query_;
     std::vector<SearchResult> results_;
+    std::vector<SearchResult> variants_; // shown instead of the results, unless empty
     int selection_ = 0;
     int presentationToken_ = 0;
     std::optional<std::string> notice_;

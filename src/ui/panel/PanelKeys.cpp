@@ -15,6 +15,8 @@ bool PanelKeys::handle(const QKeyEvent& event) {
     static const auto kBindings = std::to_array<Binding>({
         {Qt::Key_Return, Qt::NoModifier, &PanelKeys::run},
         {Qt::Key_Enter, Qt::NoModifier, &PanelKeys::run},
+        {Qt::Key_Return, Qt::ShiftModifier, &PanelKeys::offerVariants},
+        {Qt::Key_Enter, Qt::ShiftModifier, &PanelKeys::offerVariants},
         {Qt::Key_Up, Qt::NoModifier, &PanelKeys::previousOrOlder},
         {Qt::Key_Down, Qt::NoModifier, &PanelKeys::nextOrNewer},
         {Qt::Key_P, Qt::ControlModifier, &PanelKeys::previous},
@@ -45,6 +47,11 @@ bool PanelKeys::handle(const QKeyEvent& event) {
 
 bool PanelKeys::run() {
     controller_.runSelection();
+    return true;
+}
+
+bool PanelKeys::offerVariants() {
+    controller_.offerVariants();
     return true;
 }
 
@@ -121,6 +128,9 @@ bool PanelKeys::completeAtEnd() {
 }
 
 bool PanelKeys::clearOrClose() {
+    if (controller_.withdrawVariants()) {
+        return true;
+    }
     if (controller_.query().empty()) {
         controller_.hide();
     } else {

@@ -22,6 +22,7 @@ private:
     struct Binding;
 
     bool run();
+    bool offerVariants();
     bool previous();
     bool next();
     bool previousOrOlder();
