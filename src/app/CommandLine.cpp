@@ -31,6 +31,7 @@ public:
         addClientVerb("toggle", "Open the panel of the running launcher, or close it");
         addClientVerb("quit", "End the running launcher");
         addQuery();
+        addGlyph();
         addAnswer("calc", "Print what an expression comes to: pello calc '12*(3+4)'",
                   AnswerCommand::Evaluator::calculator);
         addAnswer("convert", "Print a conversion: pello convert '5 km to mi'",
@@ -82,12 +83,7 @@ private:
         query->add_option("TEXT", words_, "What to search for")->required();
         query->add_flag("--json", isJson_, "Print JSON");
         query->add_flag("--explain", query_.explains, "Say what made each row's place");
-        query->add_option("--limit", query_.limit, "At most this many rows")
-            ->check([](const std::string& text) {
-                const bool isWhole =
-                    !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-                return isWhole ? "" : "takes a whole number from 0, not \"" + text + '"';
-            });
+        addLimit(*query, query_.limit);
         addSurroundings(*query);
         query->callback([this] {
             query_.text = CLI::detail::join(words_, " ");
@@ -95,6 +91,28 @@ private:
             query_.format = isJson_ ? QueryCommand::Format::json : QueryCommand::Format::text;
             command_ = query_;
         });
+    }
+
+    void addGlyph() {
+        CLI::App* glyph =
+            app_.add_subcommand("glyph", "Print the emoji and symbols that a text finds");
+        glyph->add_option("TEXT", words_, "What to search for")->required();
+        glyph->add_flag("--json", isJson_, "Print JSON");
+        addLimit(*glyph, glyph_.limit);
+        glyph->callback([this] {
+            glyph_.text = CLI::detail::join(words_, " ");
+            glyph_.format = isJson_ ? QueryCommand::Format::json : QueryCommand::Format::text;
+            command_ = glyph_;
+        });
+    }
+
+    static void addLimit(CLI::App& command, std::optional<std::ptrdiff_t>& limit) {
+        command.add_option("--limit", limit, "At most this many rows")
+            ->check([](const std::string& text) {
+                const bool isWhole =
+                    !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+                return isWhole ? "" : "takes a whole number from 0, not \"" + text + '"';
+            });
     }
 
     void addAnswer(const std::string& name, const std::string& description,
@@ -162,6 +180,7 @@ private:
     CLI::App app_;
     AgentCommand agent_;
     QueryCommand query_;
+    GlyphCommand glyph_;
     AskedFrom from_;
     SettingsCommand settings_;
     std::vector<std::string> words_;

@@ -51,6 +51,14 @@ struct QueryCommand {
     AskedFrom from;
 };
 
+/// `pello glyph TEXT`: prints the glyphs that the text finds.
+struct GlyphCommand {
+    std::string text;
+    QueryCommand::Format format = QueryCommand::Format::text;
+    /// At most this many; without it, as many as the panel shows.
+    std::optional<std::ptrdiff_t> limit;
+};
+
 /// `pello settings ...`: reads and changes the settings.
 struct SettingsCommand {
     enum class Action { list, get, set, reset };
@@ -63,7 +71,7 @@ struct SettingsCommand {
 /// `pello terminal`: the launcher without a display.
 struct TerminalCommand {};
 
-using Command = std::variant<AgentCommand, ClientCommand, QueryCommand, AnswerCommand,
+using Command = std::variant<AgentCommand, ClientCommand, QueryCommand, GlyphCommand, AnswerCommand,
                              SettingsCommand, TerminalCommand>;
 
 /// The exit statuses of the program.

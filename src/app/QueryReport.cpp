@@ -90,6 +90,9 @@ Json jsonRow(const SearchExplanation& row, const QueryCommand& command) {
                  {"score", row.result.score},
                  {"titleMatches", row.result.titleMatches},
                  {"path", item.revealURL ? Json(item.revealURL->string()) : Json()}};
+    if (const auto* glyph = std::get_if<LaunchItem::TextIcon>(&item.icon)) {
+        json["glyph"] = glyph->text;
+    }
     if (command.explains) {
         json["explanation"] = explanation(row);
     }

@@ -2,6 +2,7 @@
 #include "app/AnswerCommand.h"
 #include "app/ClientCommand.h"
 #include "app/CommandLine.h"
+#include "app/GlyphCommand.h"
 #include "app/QueryCommand.h"
 #include "app/SettingsCommand.h"
 #include "app/TerminalCommand.h"

@@ -106,6 +106,14 @@ TEST_F(CommandsTest, QueryAsJsonNamesTheFile) {
     EXPECT_EQ(first["titleMatches"], nlohmann::json({0, 1, 2, 3, 4, 5}));
 }
 
+TEST_F(CommandsTest, GlyphsArePrintedWithTheirNames) {
+    EXPECT_EQ(pello({"glyph", "fire", "engine", "--limit", "1"}).output, "🚒\tfire engine\n");
+    const auto json = nlohmann::json::parse(pello({"glyph", "cmd", "--json"}).output);
+    EXPECT_EQ(json["results"][0]["glyph"], "⌘");
+    EXPECT_EQ(json["results"][0]["id"], "glyph:2318");
+    EXPECT_EQ(pello({"glyph", "qqqq"}).status, 1);
+}
+
 TEST_F(CommandsTest, SettingsLastAndRefuseNonsense) {
     EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "8\n");
     EXPECT_EQ(pello({"settings", "set", "maximumResults", "1"}).status, 0);
