@@ -38,6 +38,8 @@ public:
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
+    [[nodiscard]] const QString& address() const { return address_; }
+
     /// A new connection, closed with this object.
     QDBusConnection connect() {
         connections_.push_back(QStringLiteral("private %1").arg(++count_));

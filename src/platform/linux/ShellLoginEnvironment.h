@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/LoginEnvironment.h"
+#include "platform/MainLoop.h"
+#include "platform/Processes.h"
+#include "platform/linux/Environment.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace pello {
+
+/// The environment that the user's login shell has made, read once.
+///
+/// The shell is run as for a login, and asked to print its environment. What else it prints does
+/// not matter. When it takes too long, refuses, or is none, the environment of this process stands
+/// in for it.
+class ShellLoginEnvironment final : public LoginEnvironment {
+public:
+    /// Where the shell runs, and what it and scripts have if it does not help.
+    struct Session {
+        std::filesystem::path shell;
+        std::filesystem::path home;
+        Environment inherited;
+    };
+
+    /// How long the shell has.
+    static constexpr std::chrono::seconds kLimit{2};
+
+    /// Starts the shell. `processes` and `loop` must outlive this object.
+    ShellLoginEnvironment(Processes& processes, MainLoop& loop, const Session& session);
+    ~ShellLoginEnvironment() override;
+    ShellLoginEnvironment(const ShellLoginEnvironment&) = delete;
+    ShellLoginEnvironment& operator=(const ShellLoginEnvironment&) = delete;
+
+    void whenKnown(std::function<void(const EnvironmentVariables&)> action) override;
+
+private:
+    void finish(const ProcessResult& result);
+    void settleOn(EnvironmentVariables variables);
+
+    const EnvironmentVariables inherited_;
+    std::optional<EnvironmentVariables> known_;
+    std::vector<std::function<void(const EnvironmentVariables&)>> waiting_;
+    Subscription limit_;
+    /// What the shell's answer belongs to.
+    std::shared_ptr<int> alive_ = std::make_shared<int>();
+};
+
+/// The login shell of this process's user, as the system's list of users has it.
+[[nodiscard]] std::filesystem::path loginShell();
+
+/// The variables in what the shell printed; nothing when they are not there completely.
+[[nodiscard]] std::optional<EnvironmentVariables> printedEnvironment(std::string_view output);
+
+} // namespace pello
