@@ -5,6 +5,7 @@
 #include "platform/linux/X11Compositor.h"
 #include "platform/linux/X11Keystrokes.h"
 #include "platform/linux/X11Pasteboard.h"
+#include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtMainLoop.h"
 #include "ui/icons/IconLoader.h"
 
@@ -27,7 +28,12 @@ private:
     QtMainLoop loop_;
     X11Pasteboard pasteboard_;
     X11Keystrokes keystrokes_;
-    LinuxServices services_{loop_, watcher_, pasteboard_, keystrokes_,
+    QtDialogs dialogs_;
+    LinuxServices services_{{.loop = loop_,
+                             .watcher = watcher_,
+                             .pasteboard = pasteboard_,
+                             .keystrokes = keystrokes_,
+                             .dialogs = dialogs_},
                             LinuxServices::Session::connected};
     X11Compositor compositor_;
     IconLoader icons_;

@@ -1,5 +1,6 @@
 #include "app/HeadlessPlatform.h"
 
+#include "platform/memory/MemoryDialogs.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryKeystrokes.h"
 #include "platform/memory/MemoryMainLoop.h"
@@ -27,7 +28,12 @@ struct HeadlessPlatform::Adapters {
     explicit Adapters(const Options& options)
         : stoppedAt(options.stoppedAt),
           pasteboard(makePasteboard(options.terminal)),
-          services(loop, watcher, *pasteboard, keystrokes, options.session) {
+          services({.loop = loop,
+                    .watcher = watcher,
+                    .pasteboard = *pasteboard,
+                    .keystrokes = keystrokes,
+                    .dialogs = dialogs},
+                   options.session) {
         keystrokes.outcome = Keystrokes::Outcome::impossible; // the user pastes
     }
 
@@ -42,6 +48,7 @@ struct HeadlessPlatform::Adapters {
     MemoryFolderWatcher watcher; // one command is over before anything changes
     std::unique_ptr<Pasteboard> pasteboard;
     MemoryKeystrokes keystrokes;
+    MemoryDialogs dialogs; // nobody to ask
     LinuxServices services;
 };
 

@@ -13,6 +13,13 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
       quickActions_(platform.loop, platform.workspace, platform.pasteboard),
       systemActions_(platform.loop, platform.pasteboard, platform.keystrokes),
       glyphs_(platform.loop, systemActions_),
+      scriptRunner_({.loop = platform.loop,
+                     .processes = platform.processes,
+                     .dialogs = platform.dialogs,
+                     .notifier = platform.notifier,
+                     .environment = platform.loginEnvironment,
+                     .failures = scriptFailures_,
+                     .home = platform.home}),
       controller_({.settings = settings_,
                    .indexer = indexer_,
                    .aliases = aliases_,
@@ -29,7 +36,9 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
       onFailure_(platform.workspace.failed.connect([this](const std::string& sentence) {
           log_.panel.error(sentence);
           controller_.report(sentence);
-      })) {
+      })),
+      onUnseenNotification_(platform.notifier.failed.connect(
+          [this](const std::string& sentence) { log_.panel.error(sentence); })) {
     quickActions_.prepare(surroundings);
     glyphs_.prepare();
 }

@@ -3,6 +3,8 @@
 #include "app/Platform.h"
 #include "core/controller/PelloController.h"
 #include "platform/PelloLog.h"
+#include "scripts/ScriptFailureLog.h"
+#include "scripts/ScriptRunner.h"
 
 namespace pello {
 
@@ -16,6 +18,8 @@ public:
     [[nodiscard]] PelloSettings& settings() { return settings_; }
     [[nodiscard]] const GlyphCatalogue& glyphs() const { return glyphs_; }
     [[nodiscard]] const UsageStore& usage() const { return usage_; }
+    [[nodiscard]] ScriptFailureLog& scriptFailures() { return scriptFailures_; }
+    [[nodiscard]] ScriptRunner& scriptRunner() { return scriptRunner_; }
     [[nodiscard]] const QuickActions& quickActions() const { return quickActions_; }
 
 private:
@@ -28,9 +32,12 @@ private:
     QuickActions quickActions_;
     SystemActions systemActions_;
     GlyphCatalogue glyphs_;
+    ScriptFailureLog scriptFailures_;
+    ScriptRunner scriptRunner_;
     PelloController controller_;
     Subscription onProblem_;
     Subscription onFailure_;
+    Subscription onUnseenNotification_;
 };
 
 } // namespace pello

@@ -1,7 +1,9 @@
 #include "app/LinuxServices.h"
 
 #include "platform/PelloLog.h"
+#include "platform/linux/ShellLoginEnvironment.h"
 #include "platform/linux/SystemLog.h"
+#include "platform/memory/MemoryLoginEnvironment.h"
 
 #include <QDBusConnection>
 
@@ -22,37 +24,52 @@ std::string thisProgram() {
 }
 
 QDBusConnection busOf(LinuxServices::Session session, const Environment& environment) {
-    return session == LinuxServices::Session::connected
-               ? sessionBus(environment)
-               : QDBusConnection(QStringLiteral("left alone"));
+    return session == LinuxServices::Session::leftAlone
+               ? QDBusConnection(QStringLiteral("left alone"))
+               : sessionBus(environment);
+}
+
+std::unique_ptr<LoginEnvironment> environmentOf(LinuxServices& services,
+                                                LinuxServices::Session session) {
+    if (session == LinuxServices::Session::connected) {
+        return std::make_unique<ShellLoginEnvironment>(
+            services.processes, services.surface.loop,
+            ShellLoginEnvironment::Session{.shell = loginShell(),
+                                           .home = services.folders.home,
+                                           .inherited = services.environment});
+    }
+    auto known = std::make_unique<MemoryLoginEnvironment>();
+    known->become(services.environment.forOtherPrograms().variables);
+    return known;
 }
 
 } // namespace
 
-LinuxServices::LinuxServices(MainLoop& mainLoop, FolderWatcher& folderWatcher,
-                             Pasteboard& generalPasteboard, Keystrokes& pressedKeys,
-                             Session session)
-    : loop(mainLoop),
-      watcher(folderWatcher),
-      pasteboard(generalPasteboard),
-      keystrokes(pressedKeys),
+LinuxServices::LinuxServices(const Surface& chosen, Session session)
+    : surface(chosen),
       environment(Environment::ofThisProcess()),
       folders(xdgFolders(environment)),
       log(makeSystemLog(folders)),
-      defaults(defaultsFile(folders), loop, watcher, *log),
+      defaults(defaultsFile(folders), surface.loop, surface.watcher, *log),
       bundles(environment),
       workspace(environment, busOf(session, environment)),
-      loginItem(folders.config / "autostart", {thisProgram()}) {}
+      loginItem(folders.config / "autostart", {thisProgram()}),
+      notifier(busOf(session, environment)),
+      loginEnvironment(environmentOf(*this, session)) {}
 
 Platform LinuxServices::ports() {
-    return {.loop = loop,
+    return {.loop = surface.loop,
             .defaults = defaults,
-            .watcher = watcher,
+            .watcher = surface.watcher,
             .bundles = bundles,
             .workspace = workspace,
             .addressHandlers = addressHandlers,
-            .pasteboard = pasteboard,
-            .keystrokes = keystrokes,
+            .pasteboard = surface.pasteboard,
+            .keystrokes = surface.keystrokes,
+            .dialogs = surface.dialogs,
+            .notifier = notifier,
+            .processes = processes,
+            .loginEnvironment = *loginEnvironment,
             .loginItem = loginItem,
             .log = *log,
             .home = folders.home};

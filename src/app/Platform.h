@@ -2,12 +2,16 @@
 
 #include "platform/AddressHandlers.h"
 #include "platform/BundleReader.h"
+#include "platform/Dialogs.h"
 #include "platform/FolderWatcher.h"
 #include "platform/Keystrokes.h"
 #include "platform/Log.h"
+#include "platform/LoginEnvironment.h"
 #include "platform/LoginItem.h"
 #include "platform/MainLoop.h"
+#include "platform/Notifier.h"
 #include "platform/Pasteboard.h"
+#include "platform/Processes.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 
@@ -25,6 +29,10 @@ struct Platform {
     const AddressHandlers& addressHandlers;
     Pasteboard& pasteboard;
     Keystrokes& keystrokes;
+    Dialogs& dialogs;
+    Notifier& notifier;
+    Processes& processes;
+    LoginEnvironment& loginEnvironment;
     LoginItem& loginItem;
     Log& log;
     /// The user's home folder.

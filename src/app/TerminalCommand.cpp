@@ -12,7 +12,8 @@ namespace pello {
 int run(const TerminalCommand& /*command*/) {
     // Whoever reads this program's output in a pipe wants no control sequences in it.
     std::ostream* terminal = ::isatty(STDOUT_FILENO) != 0 ? &std::cout : nullptr;
-    HeadlessPlatform platform({.session = LinuxServices::Session::connected, .terminal = terminal});
+    HeadlessPlatform platform(
+        {.session = LinuxServices::Session::fromTerminal, .terminal = terminal});
     Launcher launcher(platform.ports());
     launcher.controller().reindex();
     TerminalFrontEnd(launcher.controller(), [&] { platform.turn(); }, std::cin, std::cout).run();
