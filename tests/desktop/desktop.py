@@ -208,6 +208,23 @@ class Desktop:
         Lines(holder.stderr.fileno(), "xclip").until(lambda line: "Waiting" in line, "the copy")
         return holder
 
+    def wait_for_clipboard(self, text):
+        """Waits until `text` can be pasted."""
+        end = time.monotonic() + DEADLINE
+        while (found := self.clipboard()) != text:
+            if time.monotonic() > end:
+                raise AssertionError(f"{found!r} stayed on the clipboard")
+
+    def start_editor(self, window_class, paste):
+        """Opens a window that pastes at the keys `paste`, as Xt spells them, and leaves the first
+        glyph of four bytes that it gets as a mark."""
+        translation = f"*VT100.translations: #override {paste}: insert-selection(CLIPBOARD)"
+        program = f"stty -icanon -echo; {{ head -c 4; echo; }} >'{self.folder}/marks'"
+        self.start(["xterm", "-u8", "-class", window_class, "-name", window_class.lower(),
+                    "-title", window_class, "-xrm", translation, "-e", "sh", "-c", program],
+                   stderr=subprocess.DEVNULL)
+        return self.wait_for_active(window_class)
+
     def clipboard(self):
         return self.run("xclip", "-o", "-selection", "clipboard")
 

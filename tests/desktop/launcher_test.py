@@ -111,6 +111,46 @@ class LauncherTest(unittest.TestCase):
         self.wait_until_closed()
         self.assertEqual(self.desktop.clipboard(), "48")
 
+    def pick_glyph(self, query, *keys):
+        """Summons the panel and picks what `keys` lead to from `query`."""
+        self.desktop.run(PELLO, "toggle")
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.desktop.type(query)
+        self.desktop.key(*keys)
+
+    def test_glyphs_are_pasted_where_the_user_was_and_the_clipboard_comes_back(self):
+        self.start_pello()
+        self.desktop.key("Escape")
+        self.desktop.hold_clipboard("guten Tag")
+        self.desktop.start_editor("Editor", "!Ctrl<Key>v")
+        self.pick_glyph(":fire", "Return")
+        self.expect_mark("🔥")
+        self.desktop.wait_for_clipboard("guten Tag")
+
+        self.desktop.start_editor("XTerm", "!Ctrl Shift<Key>v")
+        self.pick_glyph("emoji fire", "Return")
+        self.expect_mark("🔥")
+
+        self.desktop.run("setxkbmap", "-layout", "us", "-variant", "dvorak")
+        self.desktop.start_editor("Editor", "!Ctrl<Key>v")
+        self.desktop.run(PELLO, "toggle")
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.desktop.type(":fire")
+        self.desktop.run("xdotool", "key", "Return", "keydown", "Alt_L")
+        self.expect_mark("🔥")
+        self.desktop.run("xdotool", "keyup", "Alt_L")
+
+    def test_a_skin_tone_that_was_chosen_is_found_by_itself(self):
+        self.start_pello()
+        self.desktop.key("Escape")
+        self.desktop.start_editor("Editor", "!Ctrl<Key>v")
+        self.pick_glyph(":thumbs u", "shift+Return", "Down", "Down")
+        self.desktop.screenshot("skin-tones")
+        self.desktop.key("Return")
+        self.expect_mark("👍")  # the first of its two characters
+        self.wait_until_closed()
+        self.assertIn("👍🏽", self.desktop.run(PELLO, "glyph", "thumbs u", "--limit", "1"))
+
     def test_the_keyboard_comes_and_goes_back(self):
         typed = self.desktop.watch(["xev", "-name", "Editor", "-event", "keyboard"])
         editor = self.desktop.wait_for_active("Editor")
