@@ -5,6 +5,7 @@
 #include "sources/SkinTones.h"
 
 #include <algorithm>
+#include <ranges>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -69,14 +70,25 @@ bool isInAnyTone(const Glyph& glyph, std::string_view id) {
             }));
 }
 
-bool knowsVariants(const UsageStore::Records& records) {
+/// The ids of learned variants.
+std::vector<std::string_view> learnedToneIDs(const UsageStore::Records& records) {
+    std::vector<std::string_view> ids;
     for (auto each = records.lower_bound(kIDPrefix);
          each != records.end() && each->first.starts_with(kIDPrefix); ++each) {
         if (each->first.find(kToneInID) != std::string::npos) {
-            return true;
+            ids.push_back(each->first);
         }
     }
-    return false;
+    return ids;
+}
+
+/// Whether one of `ids` may be a variant of `glyph`: it begins with the same person.
+bool mayBeAmong(const std::vector<std::string_view>& ids, const Glyph& glyph) {
+    const std::string id = glyphID(glyph.text);
+    const std::string_view person = std::string_view(id).substr(0, id.find('-'));
+    return std::ranges::any_of(ids, [&](std::string_view each) {
+        return each.starts_with(person) && each.substr(person.size()).starts_with(kToneInID);
+    });
 }
 
 } // namespace
@@ -130,10 +142,9 @@ const Catalogue& GlyphCatalogue::lists(const UsageStore& usage) const {
 
 std::vector<LaunchItem> GlyphCatalogue::learnedVariants(const UsageStore& usage) const {
     std::vector<LaunchItem> learned;
-    if (!knowsVariants(usage.records())) {
-        return learned;
-    }
-    for (const Glyph& glyph : tonable_) {
+    const auto ids = learnedToneIDs(usage.records());
+    const auto isCandidate = [&](const Glyph& glyph) { return mayBeAmong(ids, glyph); };
+    for (const Glyph& glyph : tonable_ | std::views::filter(isCandidate)) {
         for (LaunchItem& variant : variantsOf(glyph, actions_)) {
             if (usage.records().contains(variant.id)) {
                 learned.push_back(std::move(variant));
