@@ -33,17 +33,14 @@ std::string firstThatSays(std::string_view preferred, std::string_view other) {
 } // namespace
 
 std::string ScriptOutput::excerpt(std::string_view output) {
-    std::string gist = lastLines(output);
-    if (gist.size() <= kMostCharacters) {
-        return gist; // no character is shorter than a byte
-    }
+    const std::string gist = lastLines(output);
     const auto characters = text::characterViews(gist);
     if (characters.size() <= kMostCharacters) {
-        return gist;
+        return std::string(gist);
     }
     const std::string_view first = characters[characters.size() - kMostCharacters];
-    const auto kept = static_cast<std::size_t>(first.data() - gist.data());
-    return std::string(kEllipsis).append(gist, kept);
+    return std::string(kEllipsis).append(gist,
+                                         static_cast<std::size_t>(first.data() - gist.data()));
 }
 
 std::string ScriptOutput::message() const {

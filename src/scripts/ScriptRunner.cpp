@@ -45,7 +45,7 @@ struct ScriptRunner::Job {
     Subscription killing;
 };
 
-ScriptRunner::ScriptRunner(const Surroundings& surroundings) : around_(surroundings) {}
+ScriptRunner::ScriptRunner(Surroundings surroundings) : around_(std::move(surroundings)) {}
 ScriptRunner::~ScriptRunner() = default;
 
 void ScriptRunner::run(const ScriptCommand& command, std::string_view argument,

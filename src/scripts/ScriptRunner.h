@@ -56,7 +56,7 @@ public:
     /// How long a script has to end by itself when it is stopped.
     static constexpr std::chrono::seconds kStopLimit{3};
 
-    explicit ScriptRunner(const Surroundings& surroundings);
+    explicit ScriptRunner(Surroundings surroundings);
     ~ScriptRunner();
     ScriptRunner(const ScriptRunner&) = delete;
     ScriptRunner& operator=(const ScriptRunner&) = delete;

@@ -86,6 +86,6 @@ void DBusNotifier::notify(std::string_view title, std::string_view body) {
         context->send(notification(title, takesMarkup ? body.toHtmlEscaped() : body),
                       [](const QDBusMessage& /*number*/) {});
     });
-}
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the watchers belong to the receiver
 
 } // namespace pello

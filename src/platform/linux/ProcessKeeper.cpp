@@ -109,7 +109,8 @@ private:
     bool startProgram();
     [[noreturn]] void becomeProgram(int out, int error, int obstacles);
     bool awaitStart(int obstacles);
-    void ignoreSignals() const;
+    static void ignoreSignals();
+    [[nodiscard]] int longestWait() const;
     void keepReading();
     void wait();
     void takeRequests();
@@ -192,7 +193,7 @@ bool Keeper::awaitStart(int obstacles) {
 
 /// The keeper is there for the program and ends with it, not by what is sent to everything that
 /// looks like this one.
-void Keeper::ignoreSignals() const {
+void Keeper::ignoreSignals() {
     resetSignals();
     for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGUSR1, SIGUSR2}) {
         ::signal(signal, SIG_IGN);
@@ -208,14 +209,25 @@ void Keeper::keepReading() {
     }
 }
 
+/// In milliseconds, as `poll` takes it.
+int Keeper::longestWait() const {
+    constexpr int kForEver = -1;
+    constexpr int kLookAgain = 50; // where the system cannot tell of an end
+    if (hasReported_) {
+        return kForEver;
+    }
+    if (hasEnded_) {
+        return kPatience;
+    }
+    return end_ < 0 ? kLookAgain : kForEver;
+}
+
 void Keeper::wait() {
-    constexpr int kLookAgain = 50; // milliseconds; only where the system cannot tell of an end
-    const int limit = hasReported_ ? -1 : hasEnded_ ? kPatience : end_ < 0 ? kLookAgain : -1;
     std::array<pollfd, 4> events{{{.fd = standard_.descriptor, .events = POLLIN},
                                   {.fd = error_.descriptor, .events = POLLIN},
                                   {.fd = line_, .events = POLLIN},
                                   {.fd = hasEnded_ ? -1 : end_, .events = POLLIN}}};
-    if (::poll(events.data(), events.size(), limit) < 0) {
+    if (::poll(events.data(), events.size(), longestWait()) < 0) {
         return;
     }
     if (events[0].revents != 0) {

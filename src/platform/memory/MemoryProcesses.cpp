@@ -14,8 +14,8 @@ Processes::Handle MemoryProcesses::start(const Program& program, Ended ended) {
     started.emplace(process, Process{.program = program, .ended = std::move(ended)});
     if (const auto known = programs.find(program.file); known == programs.end()) {
         endLater(process, {.end = ProcessResult::Failed{"the file does not exist"}});
-    } else if (known->second) {
-        endLater(process, *known->second);
+    } else if (const auto& result = known->second) {
+        endLater(process, *result);
     }
     return process;
 }
@@ -39,7 +39,7 @@ void MemoryProcesses::kill(Handle process) {
     }
 }
 
-void MemoryProcesses::end(Handle process, ProcessResult result) {
+void MemoryProcesses::end(Handle process, const ProcessResult& result) {
     if (const Ended ended = std::exchange(started.at(process).ended, nullptr)) {
         ended(result);
     }

@@ -29,7 +29,7 @@ public:
     void kill(Handle process) override;
 
     /// Ends a process that runs.
-    void end(Handle process, ProcessResult result);
+    void end(Handle process, const ProcessResult& result);
 
     /// The program files that there are, each with the result that it ends with in the next turn
     /// of the loop; those without one run until they are ended.
