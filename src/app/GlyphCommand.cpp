@@ -21,7 +21,7 @@ int run(const GlyphCommand& command) {
     HeadlessPlatform platform({});
     const auto complaining = platform.defaults().problem.connect(
         [](const std::string& sentence) { std::cerr << "pello: " << sentence << '\n'; });
-    Launcher launcher(platform.ports());
+    const Launcher launcher(platform.ports());
     platform.turn();
     const auto limit = command.limit.value_or(GlyphCatalogue::kMaximumResults);
     const auto rows = SearchEngine::explain(command.text, launcher.glyphs().lists(launcher.usage()),
