@@ -26,21 +26,21 @@ std::string lastLines(std::string_view output) {
 }
 
 std::string firstThatSays(std::string_view preferred, std::string_view other) {
-    std::string gist = ScriptOutput::excerpt(preferred);
+    const std::string gist = ScriptOutput::excerpt(preferred);
     return gist.empty() ? ScriptOutput::excerpt(other) : gist;
 }
 
 } // namespace
 
 std::string ScriptOutput::excerpt(std::string_view output) {
-    const std::string gist = lastLines(output);
+    std::string gist = lastLines(output);
     const auto characters = text::characterViews(gist);
-    if (characters.size() <= kMostCharacters) {
-        return std::string(gist);
+    if (characters.size() > kMostCharacters) {
+        const std::string_view first = characters[characters.size() - kMostCharacters];
+        gist.erase(0, static_cast<std::size_t>(first.data() - gist.data()));
+        gist.insert(0, kEllipsis);
     }
-    const std::string_view first = characters[characters.size() - kMostCharacters];
-    return std::string(kEllipsis).append(gist,
-                                         static_cast<std::size_t>(first.data() - gist.data()));
+    return gist;
 }
 
 std::string ScriptOutput::message() const {
