@@ -9,6 +9,7 @@
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/X11Display.h"
 #include "ui/panel/PanelWindow.h"
+#include "ui/tray/TrayIcon.h"
 
 #include <QApplication>
 
@@ -26,7 +27,9 @@ class Agent {
 public:
     Agent()
         : launcher_(platform_.ports()),
-          panel_(launcher_.controller(), platform_.icons(), platform_.compositor()),
+          panel_(launcher_.controller(), platform_.icons(), platform_.compositor(),
+                 launcher_.scriptFailures()),
+          tray_(launcher_.controller(), launcher_.scriptFailures()),
           server_([this](std::string_view verb) { return answer(verb); }) {}
 
     /// Answers at `socket` from now on, and fills the catalogue. False when the socket cannot be
@@ -63,6 +66,7 @@ private:
     DesktopPlatform platform_;
     Launcher launcher_;
     PanelWindow panel_;
+    TrayIcon tray_;
     ControlServer server_;
 };
 

@@ -37,6 +37,7 @@ public:
         addAnswer("convert", "Print a conversion: pello convert '5 km to mi'",
                   AnswerCommand::Evaluator::conversions);
         addSettings();
+        addScripts();
         app_.add_subcommand("terminal", "Search and run in this terminal")->callback([this] {
             command_ = TerminalCommand{};
         });
@@ -150,6 +151,23 @@ private:
             });
     }
 
+    void addScripts() {
+        CLI::App* scripts = app_.add_subcommand("scripts", "List the scripts");
+        scripts->require_subcommand(0, 1);
+        scripts->callback([this, scripts] {
+            if (scripts->get_subcommands().empty()) {
+                command_ = ScriptsCommand{};
+            }
+        });
+        CLI::App* run = scripts->add_subcommand("run", "Run one here, with its output and status");
+        run->add_option("NAME", script_.name, "Its name, keyword or file")->required();
+        run->add_option("ARG", script_.argument, "What to hand it");
+        run->callback([this] {
+            script_.action = ScriptsCommand::Action::run;
+            command_ = script_;
+        });
+    }
+
     void addSettings() {
         CLI::App* settings = app_.add_subcommand("settings", "Read and change the settings");
         settings->require_subcommand(1);
@@ -183,6 +201,7 @@ private:
     GlyphCommand glyph_;
     AskedFrom from_;
     SettingsCommand settings_;
+    ScriptsCommand script_;
     std::vector<std::string> words_;
     std::vector<std::string> literal_;
     bool isJson_ = false;

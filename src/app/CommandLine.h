@@ -68,11 +68,21 @@ struct SettingsCommand {
     std::string value;
 };
 
+/// `pello scripts`, `pello scripts run NAME [ARG]`: lists the scripts, or becomes one.
+struct ScriptsCommand {
+    enum class Action { list, run };
+
+    Action action = Action::list;
+    /// Of the script to run: its name, its keyword or its file's name.
+    std::string name;
+    std::optional<std::string> argument;
+};
+
 /// `pello terminal`: the launcher without a display.
 struct TerminalCommand {};
 
 using Command = std::variant<AgentCommand, ClientCommand, QueryCommand, GlyphCommand, AnswerCommand,
-                             SettingsCommand, TerminalCommand>;
+                             SettingsCommand, ScriptsCommand, TerminalCommand>;
 
 /// The exit statuses of the program.
 namespace ExitStatus {

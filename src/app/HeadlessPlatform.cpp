@@ -1,6 +1,5 @@
 #include "app/HeadlessPlatform.h"
 
-#include "platform/memory/MemoryDialogs.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryKeystrokes.h"
 #include "platform/memory/MemoryMainLoop.h"
@@ -10,7 +9,10 @@
 #include <QCoreApplication>
 
 #include <array>
+#include <functional>
+#include <iostream>
 #include <string>
+#include <utility>
 
 namespace pello {
 namespace {
@@ -21,6 +23,20 @@ std::unique_ptr<Pasteboard> makePasteboard(std::ostream* terminal) {
     }
     return std::make_unique<MemoryPasteboard>();
 }
+
+/// Nobody can be asked: what has to be confirmed is left undone, and the user is told.
+class NoDialogs final : public Dialogs {
+public:
+    explicit NoDialogs(MainLoop& loop) : loop_(loop) {}
+
+    void confirm(const Confirmation& question, std::function<void(Answer)> answered) override {
+        std::cerr << "pello: \"" << question.title << "\" has to be confirmed in the panel\n";
+        loop_.post([answered = std::move(answered)] { answered(Answer::cancelled); });
+    }
+
+private:
+    MainLoop& loop_;
+};
 
 } // namespace
 
@@ -48,7 +64,7 @@ struct HeadlessPlatform::Adapters {
     MemoryFolderWatcher watcher; // one command is over before anything changes
     std::unique_ptr<Pasteboard> pasteboard;
     MemoryKeystrokes keystrokes;
-    MemoryDialogs dialogs; // nobody to ask
+    NoDialogs dialogs{loop};
     LinuxServices services;
 };
 

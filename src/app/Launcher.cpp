@@ -20,9 +20,14 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
                      .environment = platform.loginEnvironment,
                      .failures = scriptFailures_,
                      .home = platform.home}),
+      scripts_(platform.loop, platform.watcher, platform.scripts,
+               [this](const ScriptCommand& command, std::string_view argument) {
+                   scriptRunner_.run(command, argument);
+               }),
       controller_({.settings = settings_,
                    .indexer = indexer_,
                    .aliases = aliases_,
+                   .scripts = scripts_,
                    .quickActions = quickActions_,
                    .usage = usage_,
                    .queryHistory = queryHistory_,

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] const GlyphCatalogue& glyphs() const { return glyphs_; }
     [[nodiscard]] const UsageStore& usage() const { return usage_; }
     [[nodiscard]] ScriptFailureLog& scriptFailures() { return scriptFailures_; }
-    [[nodiscard]] ScriptRunner& scriptRunner() { return scriptRunner_; }
+    [[nodiscard]] const ScriptsIndex& scripts() const { return scripts_; }
     [[nodiscard]] const QuickActions& quickActions() const { return quickActions_; }
 
 private:
@@ -34,6 +34,7 @@ private:
     GlyphCatalogue glyphs_;
     ScriptFailureLog scriptFailures_;
     ScriptRunner scriptRunner_;
+    ScriptsIndex scripts_;
     PelloController controller_;
     Subscription onProblem_;
     Subscription onFailure_;

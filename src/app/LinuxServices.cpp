@@ -72,7 +72,8 @@ Platform LinuxServices::ports() {
             .loginEnvironment = *loginEnvironment,
             .loginItem = loginItem,
             .log = *log,
-            .home = folders.home};
+            .home = folders.home,
+            .scripts = folders.data / "Pello" / "Scripts"};
 }
 
 } // namespace pello

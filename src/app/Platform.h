@@ -37,6 +37,8 @@ struct Platform {
     Log& log;
     /// The user's home folder.
     std::filesystem::path home;
+    /// Where the user's scripts are.
+    std::filesystem::path scripts;
 };
 
 } // namespace pello

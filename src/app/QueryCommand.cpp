@@ -19,7 +19,9 @@ int run(const QueryCommand& command) {
     platform.turn();
     const auto limit = command.limit.value_or(
         static_cast<std::ptrdiff_t>(launcher.settings().maximumResults.get()));
-    const auto quickActions = launcher.quickActions().items(command.text, launcher.settings());
+    const auto quickActions = launcher.quickActions().items(
+        command.text, launcher.settings(),
+        launcher.settings().includesScripts.get() ? &launcher.scripts() : nullptr);
     auto rows = SearchEngine::explain(command.text, launcher.controller().catalogue(), quickActions,
                                       launcher.usage(), limit);
     if (command.limit) { // the panel's limit spares answers, this one does not

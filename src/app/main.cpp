@@ -4,6 +4,7 @@
 #include "app/CommandLine.h"
 #include "app/GlyphCommand.h"
 #include "app/QueryCommand.h"
+#include "app/ScriptsCommand.h"
 #include "app/SettingsCommand.h"
 #include "app/TerminalCommand.h"
 

@@ -10,8 +10,10 @@ namespace pello::address {
 std::optional<std::string_view> scheme(std::string_view text) {
     UriUriA uri{};
     const char* problem = nullptr;
-    const char* const end = text.data() + text.size();
-    if (text.empty() || uriParseSingleUriExA(&uri, text.data(), end, &problem) != URI_SUCCESS) {
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): the end is told beside it
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    if (text.empty() || uriParseSingleUriExA(&uri, begin, end, &problem) != URI_SUCCESS) {
         return std::nullopt;
     }
     const std::unique_ptr<UriUriA, void (*)(UriUriA*)> members(&uri, uriFreeUriMembersA);

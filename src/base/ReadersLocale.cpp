@@ -10,7 +10,7 @@ icu::Locale named(std::string_view name) {
 }
 
 bool isOfPeople(const icu::Locale& locale) {
-    return std::string_view(locale.getISO3Language()) != "" &&
+    return !std::string_view(locale.getISO3Language()).empty() &&
            std::string_view(locale.getVariant()) != "POSIX";
 }
 

@@ -88,6 +88,21 @@ void ScriptsIndex::scheduleRescan() {
     }
 }
 
+LaunchItem ScriptsIndex::itemWithArgument(const ScriptCommand& command,
+                                          std::string_view argument) const {
+    const std::string text(argument);
+    return {
+        .id = "script-run:" + text::wellFormed(command.url.filename().string()) + ':' + text,
+        .title = command.name + ": " + text,
+        .subtitle = command.shownDetail(),
+        .kind = LaunchItem::Kind::script,
+        .icon = command.launcherIcon(),
+        .requiresConfirmation = command.confirm,
+        .isEphemeral = true,
+        .run = [this, command, text] { run(command, text); },
+    };
+}
+
 void ScriptsIndex::run(const ScriptCommand& command) const {
     if (command.argument != ScriptCommand::Argument::required) {
         run_(command, {});

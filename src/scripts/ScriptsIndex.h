@@ -47,6 +47,10 @@ public:
     [[nodiscard]] bool isScanning() const { return isScanning_; }
     [[nodiscard]] const std::filesystem::path& directory() const { return directory_; }
 
+    /// The item that runs `command` with `argument`, made for one query only.
+    [[nodiscard]] LaunchItem itemWithArgument(const ScriptCommand& command,
+                                              std::string_view argument) const;
+
     /// Runs `command` as its row does: one that must have an argument asks for it first.
     void run(const ScriptCommand& command) const;
     void run(const ScriptCommand& command, std::string_view argument) const {

@@ -57,6 +57,15 @@ std::optional<LaunchItem> bangItem(std::string_view query, const PelloSettings& 
     };
 }
 
+std::optional<LaunchItem> scriptItem(std::string_view query, const ScriptsIndex& scripts) {
+    const auto match = ScriptCommand::match(query, scripts.commands());
+    const bool takesArgument = match && match->command.argument != ScriptCommand::Argument::none;
+    if (!takesArgument || match->argument.empty()) {
+        return std::nullopt;
+    }
+    return scripts.itemWithArgument(match->command, match->argument);
+}
+
 LaunchItem calculationItem(const std::string& result, std::string_view query,
                            Pasteboard& pasteboard) {
     return {
@@ -157,7 +166,8 @@ void QuickActions::prepareUnlessSettledIn(const Surroundings& current) {
 }
 
 std::vector<LaunchItemRef> QuickActions::items(std::string_view query,
-                                               const PelloSettings& settings) const {
+                                               const PelloSettings& settings,
+                                               const ScriptsIndex* scripts) const {
     std::vector<LaunchItemRef> items;
     const auto add = [&items](std::optional<LaunchItem> item) {
         if (item) {
@@ -165,6 +175,9 @@ std::vector<LaunchItemRef> QuickActions::items(std::string_view query,
         }
     };
     add(bangItem(query, settings, workspace_, pasteboard_));
+    if (scripts != nullptr) {
+        add(scriptItem(query, *scripts));
+    }
     if (evaluators_) {
         if (const auto result = evaluators_->calculator.evaluate(query)) {
             add(calculationItem(*result, query, pasteboard_));

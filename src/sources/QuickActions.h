@@ -7,6 +7,7 @@
 #include "platform/MainLoop.h"
 #include "platform/Pasteboard.h"
 #include "platform/Workspace.h"
+#include "scripts/ScriptsIndex.h"
 
 #include <functional>
 #include <memory>
@@ -15,7 +16,8 @@
 
 namespace pello {
 
-/// Makes items of the query itself: a bang, answers, a typed address, a web search.
+/// Makes items of the query itself: a bang, a script with its argument, answers, a typed address, a
+/// web search.
 ///
 /// Reads no files: what the answers need is prepared in the background, and until it is there they
 /// are left out. The pasteboard is read only for a bang that asks for it. Main thread only.
@@ -31,8 +33,10 @@ public:
     void keepUp();
 
     /// The items of `query` as typed, in the order in which they are merged into the results.
+    /// `scripts` may be null, for none; otherwise it must outlive the items.
     [[nodiscard]] std::vector<LaunchItemRef> items(std::string_view query,
-                                                   const PelloSettings& settings) const;
+                                                   const PelloSettings& settings,
+                                                   const ScriptsIndex* scripts = nullptr) const;
 
     /// Called when answers have become possible, or come out differently.
     std::function<void()> onChanged;

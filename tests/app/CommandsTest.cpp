@@ -96,6 +96,23 @@ TEST_F(CommandsTest, AnswersArePrintedAlone) {
                 StartsWith("22.2222°C\t72 degrees Fahrenheit in degrees Celsius\n"));
 }
 
+TEST_F(CommandsTest, ScriptsAreListedRunAndComplainedAbout) {
+    const auto script = home.write("data/Pello/Scripts/greet.sh",
+                                   "#!/bin/sh\n# pello.keyword: hi\n# pello.argument: optional\n"
+                                   "echo \"<$1>\"; pwd; exit 7\n");
+    home.write("data/Pello/Scripts/plain", "echo\n");
+    std::filesystem::permissions(script, std::filesystem::perms(0700));
+    const Outcome list = pello({"scripts"});
+    EXPECT_EQ(list.output, "Greet\thi\toptional\t~/data/Pello/Scripts/greet.sh\n");
+    EXPECT_EQ(list.complaint, "pello: plain: it is not executable\n");
+    const Outcome run = pello({"scripts", "run", "hi", "a  b"});
+    EXPECT_EQ(run.status, 7);
+    EXPECT_THAT(run.output, StartsWith("<a  b>\n" + home.path().string()));
+    EXPECT_EQ(pello({"scripts", "run", "nobody"}).status, 2);
+    EXPECT_THAT(pello({"query", "hi there", "--limit", "1"}).output,
+                StartsWith("Greet: there\tgreet.sh\n"));
+}
+
 TEST_F(CommandsTest, QueryAsJsonNamesTheFile) {
     const auto json = nlohmann::json::parse(pello({"query", "safari", "--json"}).output);
     const auto& first = json["results"][0];

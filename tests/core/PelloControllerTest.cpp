@@ -150,6 +150,43 @@ TEST_F(PelloControllerTest, AliasesAreFoundLikeApplicationsAndFollowTheSettings)
         << "a browser was installed";
 }
 
+TEST_F(PelloControllerTest, ScriptsAreFoundAndTakeTheTextAfterTheirKeyword) {
+    addScript("backup", "# pello.keyword: bk\n# pello.argument: optional\n");
+    pick("backup");
+    EXPECT_THAT(found("BK my photos"), ElementsAre("Backup: my photos"));
+    pick("bk my photos");
+    EXPECT_THAT(scriptRuns, ElementsAre("Backup|", "Backup|my photos"));
+    EXPECT_GT(usage.boost("script:" + (folder.path() / "Scripts/backup").string(), "backup"), 0);
+    settings.includesScripts.set(false);
+    EXPECT_THAT(found("bk my photos"), IsEmpty());
+    EXPECT_THAT(found("backup"), IsEmpty());
+}
+
+TEST_F(PelloControllerTest, AScriptThatNeedsAnArgumentAsksForIt) {
+    addScript("mail", "# pello.keyword: mail\n# pello.argument: required\n");
+    addScript("post", "# pello.argument: required\n");
+    controller.setPanel(&panel);
+    pick("mail");
+    EXPECT_TRUE(panel.isPresented());
+    EXPECT_EQ(controller.query(), "mail ") << "the user just types on";
+    EXPECT_FALSE(controller.argumentPrompt());
+
+    pick("post");
+    EXPECT_THAT(controller.argumentPrompt(), Optional(Eq("Post")));
+    EXPECT_THAT(found("  "), IsEmpty());
+    EXPECT_THAT(found("saf"), ElementsAre("Post: saf")) << "nothing is searched for";
+    controller.leaveArgumentPrompt();
+    EXPECT_EQ(controller.query(), "");
+    EXPECT_THAT(found("saf"), ElementsAre("Safari", "Safe Mode"));
+
+    pick("post");
+    pick("x y ");
+    EXPECT_THAT(scriptRuns, ElementsAre("Post|x y"));
+    EXPECT_THAT(history.entries(), ElementsAre("post", "mail")) << "an argument is no query";
+    controller.show();
+    EXPECT_FALSE(controller.argumentPrompt());
+}
+
 TEST_F(PelloControllerTest, EphemeralItemsAreRememberedAsQueriesOnly) {
     bool ran = false;
     controller.setQuery("1+1");

@@ -1,11 +1,13 @@
 #include "sources/QuickActions.h"
 
+#include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryLoginItem.h"
 #include "platform/memory/MemoryMainLoop.h"
 #include "platform/memory/MemoryPasteboard.h"
 #include "platform/memory/MemoryUserDefaults.h"
 #include "platform/memory/MemoryWorkspace.h"
 #include "sources/TypedAddress.h"
+#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -61,6 +63,38 @@ TEST_F(QuickActionsTest, StandInTheirOrder) {
     EXPECT_THAT(ids("3 km"), ElementsAre("bang:3:km", "convert:unit:1.86411 mi"));
     EXPECT_THAT(ids("2.50"), ElementsAre("bang:2.50:", "url:https://2.50"));
     EXPECT_THAT(items(" \t"), IsEmpty());
+}
+
+TEST_F(QuickActionsTest, AScriptStandsBetweenBangAndAnswer) {
+    const TemporaryFolder folder;
+    for (const auto& [name, mode] : {std::pair("1", "optional"), {"2", "none"}}) {
+        const auto file =
+            folder.write(name, std::string("# pello.keyword: ") + name +
+                                   "\n# pello.argument: " + mode + "\n# pello.confirm: yes\n");
+        std::filesystem::permissions(file, std::filesystem::perms(0700));
+    }
+    std::string ran;
+    MemoryFolderWatcher watcher;
+    ScriptsIndex scripts(loop, watcher, folder.path(),
+                         [&](const ScriptCommand& command, std::string_view argument) {
+                             ran = command.name + '|' + std::string(argument);
+                         });
+    scripts.rescan();
+    loop.settle();
+    settings.bangs.set(
+        {{.keyword = "1", .name = "One", .addressTemplate = "https://a.test/{query}"}});
+    const auto items = actions.items("1 + 4", settings, &scripts);
+    ASSERT_EQ(items.size(), 4U);
+    EXPECT_EQ(items[0]->id, "bang:1:+ 4");
+    EXPECT_EQ(items[1]->id, "script-run:1:+ 4");
+    EXPECT_EQ(items[1]->title, "1: + 4");
+    EXPECT_EQ(items[1]->subtitle, "1") << "without a description, the file";
+    EXPECT_TRUE(items[1]->requiresConfirmation);
+    EXPECT_EQ(items[2]->id, "calc:5");
+    items[1]->run();
+    EXPECT_EQ(ran, "1|+ 4");
+    EXPECT_EQ(actions.items("1 ", settings, &scripts).size(), 1U) << "no argument";
+    EXPECT_EQ(actions.items("2 x", settings, &scripts).size(), 1U) << "it takes none";
 }
 
 TEST_F(QuickActionsTest, ABangWaitsForTheTextItWants) {

@@ -32,6 +32,13 @@ public:
         reindex();
     }
 
+    /// Makes a script of this text and indexes it.
+    void addScript(const std::string& name, std::string_view text) {
+        const auto file = folder.write("Scripts/" + name, text);
+        std::filesystem::permissions(file, std::filesystem::perms(0700));
+        reindex();
+    }
+
     void uninstall(const std::string& name) { std::filesystem::remove_all(path(name)); }
 
     void reindex(PelloController::Pruning pruning = PelloController::Pruning::keepAll) {
@@ -96,12 +103,18 @@ public:
     QueryHistory history{defaults};
     AppIndexer indexer{loop, watcher, bundles, workspace, folder.path()};
     AliasIndex aliases{loop, addressHandlers, workspace};
+    std::vector<std::string> scriptRuns; // "name|argument"
+    ScriptsIndex scripts{loop, watcher, folder.path() / "Scripts",
+                         [this](const ScriptCommand& command, std::string_view argument) {
+                             scriptRuns.push_back(command.name + '|' + std::string(argument));
+                         }};
     QuickActions quickActions{loop, workspace, pasteboard};
     SystemActions systemActions{loop, pasteboard, keystrokes};
     GlyphCatalogue glyphs{loop, systemActions};
     PelloController controller{{.settings = settings,
                                 .indexer = indexer,
                                 .aliases = aliases,
+                                .scripts = scripts,
                                 .quickActions = quickActions,
                                 .usage = usage,
                                 .queryHistory = history,

@@ -53,7 +53,8 @@ protected:
     IconLoader icons{launcher.loop, nullptr,
                      std::make_shared<const IconTheme>(std::vector<std::string>{},
                                                        std::vector<std::filesystem::path>{})};
-    PanelWindow panel{controller, icons, compositor};
+    ScriptFailureLog failures;
+    PanelWindow panel{controller, icons, compositor, failures};
 
 private:
     void send(int key, Qt::KeyboardModifiers modifiers, const QString& text) {

@@ -1,6 +1,9 @@
 #include "ui/PanelFixture.h"
+#include "ui/tray/FailureDialog.h"
 
 #include <QInputMethodEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <gmock/gmock.h>
 
 namespace pello {
@@ -68,6 +71,70 @@ TEST_F(PanelKeysTest, ControlCCopiesTheSelectedTextOrElseTheAnswer) {
     press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(launcher.pasteboard.text(), "42");
     EXPECT_TRUE(panel.isPresented());
+}
+
+TEST_F(PanelKeysTest, FailuresStandBelowTheResultsAndDeleteDismissesThem) {
+    failures.record({.name = "Backup", .fileName = "backup", .status = 2, .detail = "disk full"});
+    failures.record({.name = "Sync", .fileName = "sync", .status = 1, .detail = "offline"});
+    type("safar");
+    press(Qt::Key_Down);
+    EXPECT_EQ(panel.failures().selection(), std::nullopt) << "the web search";
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(panel.failures().selection(), 1) << "the last";
+    EXPECT_THAT(rows(), ElementsAre("Safari")) << "none of the results is marked";
+    press(Qt::Key_Delete);
+    ASSERT_EQ(failures.failures().size(), 1U);
+    EXPECT_EQ(failures.failures()[0].name, "Sync");
+    press(Qt::Key_Down);
+    press(Qt::Key_Up);
+    EXPECT_EQ(panel.failures().selection(), std::nullopt);
+    EXPECT_EQ(controller.selection(), 1);
+    press(Qt::Key_Down);
+    type("i");
+    EXPECT_EQ(panel.failures().selection(), std::nullopt) << "who types is about the results";
+    EXPECT_EQ(panel.list().currentIndex().row(), 1);
+    EXPECT_EQ(failures.failures().size(), 1U);
+}
+
+TEST_F(PanelKeysTest, AFailureOpensWithReturnToBeReadWhole) {
+    failures.record({.name = "Backup", .fileName = "backup", .status = 2, .detail = "a\nb"});
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(panel.isPresented());
+    const auto windows = QApplication::topLevelWidgets();
+    const auto* dialog = [&]() -> FailureDialog* {
+        for (QWidget* window : windows) {
+            if (auto* found = dynamic_cast<FailureDialog*>(window)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->findChild<QPlainTextEdit*>()->toPlainText(), "a\nb");
+    const auto buttons = dialog->findChildren<QPushButton*>();
+    ASSERT_EQ(buttons.size(), 3);
+    buttons[1]->click();
+    EXPECT_THAT(launcher.workspace.revealed,
+                ElementsAre(launcher.folder.path() / "Scripts/backup"));
+    buttons[2]->click();
+    EXPECT_THAT(failures.failures(), IsEmpty());
+}
+
+TEST_F(PanelKeysTest, EscapeAndBackspaceLeaveThePromptForAnArgument) {
+    launcher.addScript("post", "# pello.argument: required\n");
+    for (const auto leave : {Qt::Key_Escape, Qt::Key_Backspace}) {
+        type("post");
+        press(Qt::Key_Return);
+        launcher.loop.settle();
+        ASSERT_TRUE(controller.argumentPrompt());
+        EXPECT_EQ(panel.field().accessibleName().toStdString(), "Post:");
+        press(leave);
+        EXPECT_FALSE(controller.argumentPrompt());
+        EXPECT_TRUE(panel.isPresented());
+    }
 }
 
 TEST_F(PanelKeysTest, TabAndTheRightArrowAtTheEndTakeTheCompletion) {

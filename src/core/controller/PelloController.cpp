@@ -1,6 +1,7 @@
 #include "core/controller/PelloController.h"
 
 #include "base/Text.h"
+#include "core/controller/ArgumentRow.h"
 #include "core/controller/Completion.h"
 #include "search/SearchEngine.h"
 
@@ -29,6 +30,10 @@ private:
 PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts)) {
     parts_.indexer.onIndexChanged = [this] { applicationsChanged(); };
     parts_.aliases.onIndexChanged = [this] { refresh(); };
+    parts_.scripts.onIndexChanged = [this] { refresh(); };
+    parts_.scripts.onNeedsArgument = [this](const ScriptCommand& command) {
+        askForArgument(command);
+    };
     parts_.quickActions.onChanged = [this] { refresh(); };
     parts_.glyphs.onPrepared = [this] { refresh(); };
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
@@ -119,15 +124,45 @@ SearchMode PelloController::mode() const {
 }
 
 std::vector<SearchResult> PelloController::search() const {
+    if (prompted_) {
+        return argumentRow(parts_.scripts, *prompted_, query_);
+    }
     if (!variants_.empty()) {
         return variants_;
     }
     if (const SearchMode now = mode(); now.kind == SearchMode::Kind::glyphs) {
         return parts_.glyphs.results(now.text, parts_.usage);
     }
-    const auto quickActions = parts_.quickActions.items(query_, parts_.settings);
+    const ScriptsIndex* scripts = parts_.settings.includesScripts.get() ? &parts_.scripts : nullptr;
+    const auto quickActions = parts_.quickActions.items(query_, parts_.settings, scripts);
     return SearchEngine::results(query_, catalogue(), quickActions, parts_.usage,
                                  parts_.settings.maximumResults.get());
+}
+
+// Arguments
+
+std::optional<std::string> PelloController::argumentPrompt() const {
+    return prompted_ ? std::optional(prompted_->name) : std::nullopt;
+}
+
+/// The user types the argument behind the keyword, or where there is none, by itself.
+void PelloController::askForArgument(const ScriptCommand& command) {
+    show(command.keyword ? *command.keyword + ' ' : "");
+    if (!command.keyword) {
+        const Change change(*this);
+        prompted_ = command;
+        announce();
+        refresh();
+    }
+}
+
+void PelloController::leaveArgumentPrompt() {
+    const Change change(*this);
+    if (std::exchange(prompted_, std::nullopt)) {
+        announce();
+        setQuery("");
+        refresh();
+    }
 }
 
 void PelloController::replaceResults(std::vector<SearchResult> results) {
@@ -143,7 +178,11 @@ void PelloController::clampSelection() {
 }
 
 Catalogue PelloController::catalogue() const {
-    return {parts_.indexer.items(), parts_.aliases.items()};
+    Catalogue lists = {parts_.indexer.items(), parts_.aliases.items()};
+    if (parts_.settings.includesScripts.get()) {
+        lists.push_back(parts_.scripts.items());
+    }
+    return lists;
 }
 
 // Running
@@ -166,6 +205,10 @@ void PelloController::revealSelection() {
         hide();
         parts_.workspace.reveal(*file);
     }
+}
+
+void PelloController::revealScript(std::string_view fileName) {
+    parts_.workspace.reveal(parts_.scripts.directory() / fileName);
 }
 
 bool PelloController::copySelection() {
@@ -213,7 +256,9 @@ bool PelloController::withdrawVariants() {
 }
 
 void PelloController::run(const LaunchItemRef& item) {
-    parts_.queryHistory.record(query_);
+    if (!prompted_) {
+        parts_.queryHistory.record(query_);
+    }
     hide();
     if (!item->isEphemeral) {
         // Without its prefix: the glyph learned for ":fire" is the one for "emoji fire" too.
@@ -229,6 +274,9 @@ void PelloController::run(const LaunchItemRef& item) {
 // History
 
 void PelloController::recallOlder() {
+    if (prompted_) {
+        return;
+    }
     const auto& entries = parts_.queryHistory.entries();
     const int next = historyCursor_ ? *historyCursor_ + 1 : 0;
     if (next >= static_cast<int>(entries.size())) {
@@ -270,6 +318,7 @@ void PelloController::show(std::string_view prefilling) {
     {
         const Change change(*this);
         ++presentationToken_;
+        prompted_.reset();
         selection_ = 0;
         variants_.clear();
         historyCursor_.reset();
@@ -323,6 +372,7 @@ void PelloController::configureSources() {
 void PelloController::reindex(Pruning pruning) {
     prunesAfterScan_ = prunesAfterScan_ || pruning == Pruning::forgetMissing;
     parts_.indexer.rescan();
+    parts_.scripts.rescan();
 }
 
 void PelloController::applicationsChanged() {

@@ -10,6 +10,7 @@
 #include "platform/MainLoop.h"
 #include "platform/Pasteboard.h"
 #include "platform/Workspace.h"
+#include "scripts/ScriptsIndex.h"
 #include "search/PreparedList.h"
 #include "search/UsageStore.h"
 #include "sources/AliasIndex.h"
@@ -30,6 +31,7 @@ struct ControllerParts {
     PelloSettings& settings;
     AppIndexer& indexer;
     AliasIndex& aliases;
+    ScriptsIndex& scripts;
     QuickActions& quickActions;
     UsageStore& usage;
     QueryHistory& queryHistory;
@@ -73,6 +75,12 @@ public:
     /// Types the completion, if there is one.
     void acceptCompletion();
 
+    /// The script whose argument is being typed instead of a query; nothing otherwise.
+    [[nodiscard]] std::optional<std::string> argumentPrompt() const;
+
+    /// Goes back to searching.
+    void leaveArgumentPrompt();
+
     /// A sentence that the user should see, until dismissed: what could not be read, saved or
     /// opened.
     [[nodiscard]] const std::optional<std::string>& notice() const { return notice_; }
@@ -95,6 +103,9 @@ public:
     /// Runs or reveals the selected row. Without one, nothing.
     void runSelection();
     void revealSelection();
+
+    /// Shows the script of that file name in the file viewer.
+    void revealScript(std::string_view fileName);
 
     /// Puts the selected answer on the pasteboard; the panel stays. False when the selected row is
     /// no answer.
@@ -153,6 +164,7 @@ private:
     /// serves.
     [[nodiscard]] SearchMode mode() const;
     [[nodiscard]] std::vector<SearchResult> search() const;
+    void askForArgument(const ScriptCommand& command);
     void replaceResults(std::vector<SearchResult> results);
     void clampSelection();
     void recall(std::string_view text, std::optional<int> cursor);
@@ -173,6 +185,7 @@ private:
     int presentationToken_ = 0;
     std::optional<std::string> notice_;
     LaunchItemRef copied_;
+    std::optional<ScriptCommand> prompted_;
     std::optional<int> historyCursor_;
     std::string draftQuery_;
     bool isRecallingHistory_ = false;

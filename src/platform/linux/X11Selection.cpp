@@ -23,8 +23,8 @@ struct X11Selection::Client {
     Client& operator=(const Client&) = delete;
 
     [[nodiscard]] bool isBroken() const { return xcb_connection_has_error(connection) != 0; }
-    void request();
-    [[nodiscard]] bool waitForAnswer(steady_clock::time_point deadline);
+    void request() const;
+    [[nodiscard]] bool waitForAnswer(steady_clock::time_point deadline) const;
     [[nodiscard]] std::optional<std::string> takeText() const;
 
     xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
@@ -35,7 +35,7 @@ struct X11Selection::Client {
 
 private:
     enum class Answer { none, refusal, text };
-    [[nodiscard]] Answer nextAnswer();
+    [[nodiscard]] Answer nextAnswer() const;
 };
 
 X11Selection::Client::Client() {
@@ -51,13 +51,13 @@ X11Selection::Client::Client() {
     property = atomNamed(connection, "PELLO_SELECTION");
 }
 
-void X11Selection::Client::request() {
+void X11Selection::Client::request() const {
     xcb_delete_property(connection, window, property);
     xcb_convert_selection(connection, window, clipboard, utf8, property, XCB_CURRENT_TIME);
     xcb_flush(connection);
 }
 
-X11Selection::Client::Answer X11Selection::Client::nextAnswer() {
+X11Selection::Client::Answer X11Selection::Client::nextAnswer() const {
     while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(connection)}) {
         if ((event->response_type & 0x7FU) == XCB_SELECTION_NOTIFY) {
             // NOLINTNEXTLINE(*-reinterpret-cast): how this library hands out its events
@@ -68,7 +68,7 @@ X11Selection::Client::Answer X11Selection::Client::nextAnswer() {
     return Answer::none;
 }
 
-bool X11Selection::Client::waitForAnswer(steady_clock::time_point deadline) {
+bool X11Selection::Client::waitForAnswer(steady_clock::time_point deadline) const {
     while (true) {
         const Answer answer = nextAnswer();
         const auto left =

@@ -32,6 +32,8 @@ bool PanelKeys::handle(const QKeyEvent& event) {
         {Qt::Key_Right, Qt::NoModifier, &PanelKeys::completeByRight},
         {Qt::Key_Left, Qt::NoModifier, &PanelKeys::completeByLeft},
         {Qt::Key_Escape, Qt::NoModifier, &PanelKeys::clearOrClose},
+        {Qt::Key_Backspace, Qt::NoModifier, &PanelKeys::leavePrompt},
+        {Qt::Key_Delete, Qt::NoModifier, &PanelKeys::dismissFailure},
         {Qt::Key_R, Qt::ControlModifier, &PanelKeys::reveal},
         {Qt::Key_C, Qt::ControlModifier, &PanelKeys::copy},
     });
@@ -46,6 +48,9 @@ bool PanelKeys::handle(const QKeyEvent& event) {
 }
 
 bool PanelKeys::run() {
+    if (failures_.openSelected()) {
+        return true;
+    }
     controller_.runSelection();
     return true;
 }
@@ -56,17 +61,37 @@ bool PanelKeys::offerVariants() {
 }
 
 bool PanelKeys::previous() {
+    if (const auto failure = failures_.selection()) {
+        failures_.select(*failure - 1); // above the first are the results
+        return true;
+    }
     select(controller_.selection() - 1);
     return true;
 }
 
+/// Below the last result are the failures.
 bool PanelKeys::next() {
-    select(controller_.selection() + 1);
+    if (const auto failure = failures_.selection()) {
+        failures_.select(std::min(*failure + 1, failures_.count() - 1));
+    } else if (failures_.count() > 0 && isLastResultSelected()) {
+        failures_.select(0);
+    } else {
+        select(controller_.selection() + 1);
+    }
     return true;
 }
 
+bool PanelKeys::isLastResultSelected() const {
+    return controller_.selection() + 1 >= static_cast<int>(controller_.results().size());
+}
+
+bool PanelKeys::dismissFailure() {
+    return failures_.dismissSelected();
+}
+
 bool PanelKeys::previousOrOlder() {
-    return controller_.selection() == 0 ? older() : previous();
+    const bool isAtTop = controller_.selection() == 0 && !failures_.selection();
+    return isAtTop ? older() : previous();
 }
 
 bool PanelKeys::nextOrNewer() {
@@ -131,12 +156,22 @@ bool PanelKeys::clearOrClose() {
     if (controller_.withdrawVariants()) {
         return true;
     }
-    if (controller_.query().empty()) {
+    if (controller_.argumentPrompt()) {
+        controller_.leaveArgumentPrompt();
+    } else if (controller_.query().empty()) {
         controller_.hide();
     } else {
         controller_.setQuery("");
     }
     return true;
+}
+
+bool PanelKeys::leavePrompt() {
+    const bool isAsked = controller_.argumentPrompt() && controller_.query().empty();
+    if (isAsked) {
+        controller_.leaveArgumentPrompt();
+    }
+    return isAsked;
 }
 
 bool PanelKeys::reveal() {
@@ -158,6 +193,7 @@ bool PanelKeys::runRow(int row) {
 }
 
 void PanelKeys::select(int row) {
+    failures_.select(std::nullopt);
     const int last = static_cast<int>(controller_.results().size()) - 1;
     controller_.setSelection(std::clamp(row, 0, std::max(0, last)));
 }

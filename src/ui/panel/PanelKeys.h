@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/controller/PelloController.h"
+#include "ui/panel/FailureRows.h"
 #include "ui/panel/ResultList.h"
 #include "ui/panel/SearchField.h"
 
@@ -12,8 +13,9 @@ namespace pello {
 class PanelKeys {
 public:
     /// All must outlive this object.
-    PanelKeys(PelloController& controller, const SearchField& field, const ResultList& list)
-        : controller_(controller), field_(field), list_(list) {}
+    PanelKeys(PelloController& controller, const SearchField& field, const ResultList& list,
+              FailureRows& failures)
+        : controller_(controller), field_(field), list_(list), failures_(failures) {}
 
     /// Does what `event` asks for. False when the key is the field's.
     bool handle(const QKeyEvent& event);
@@ -38,16 +40,20 @@ private:
     bool completeByLeft();
     bool completeAtEnd();
     bool clearOrClose();
+    bool leavePrompt();
+    bool dismissFailure();
     bool reveal();
     bool copy();
     bool runRow(int row);
     bool swallow() { return true; } // NOLINT(*-to-static): stands in a table of members
 
     void select(int row);
+    [[nodiscard]] bool isLastResultSelected() const;
 
     PelloController& controller_;
     const SearchField& field_;
     const ResultList& list_;
+    FailureRows& failures_;
 };
 
 } // namespace pello

@@ -1,6 +1,7 @@
 #include "ui/panel/PanelWindow.h"
 
 #include "ui/panel/PanelGeometry.h"
+#include "ui/tray/FailureDialog.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -11,6 +12,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <initializer_list>
+#include <utility>
 
 namespace pello {
 
@@ -22,7 +25,7 @@ constexpr int kRowsThatMustFit = 4;
 } // namespace
 
 PanelWindow::PanelWindow(PelloController& controller, IconLoader& icons,
-                         const Compositor& compositor)
+                         const Compositor& compositor, ScriptFailureLog& failures)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       controller_(controller),
       icons_(icons),
@@ -30,13 +33,15 @@ PanelWindow::PanelWindow(PelloController& controller, IconLoader& icons,
       style_(PanelStyle::make(palette(), QApplication::font(), controller.settings().fontSize())),
       field_(style_),
       list_(style_, icons),
+      failures_(failures),
+      failureRows_(style_),
       notice_(style_),
-      keys_(controller, field_, list_) {
+      keys_(controller, field_, list_, failureRows_) {
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(QStringLiteral("Pello"));
     setAccessibleName(QStringLiteral("Pello"));
-    for (QWidget* part : {static_cast<QWidget*>(&field_), static_cast<QWidget*>(&list_),
-                          static_cast<QWidget*>(&notice_)}) {
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{&field_, &list_, &failureRows_, &notice_}) {
         part->setParent(this);
     }
     setFocusProxy(&field_);
@@ -51,6 +56,7 @@ PanelWindow::~PanelWindow() {
     controller_.setPanel(nullptr);
     field_.setParent(nullptr); // they are members: Qt must not delete them as children
     list_.setParent(nullptr);
+    failureRows_.setParent(nullptr);
     notice_.setParent(nullptr);
 }
 
@@ -67,6 +73,10 @@ void PanelWindow::connectParts() {
         controller_.setSelection(row);
         controller_.runSelection();
     };
+    failureRows_.onOpen = [this](const ScriptFailure& failure) { openFailure(failure); };
+    failureRows_.onDismiss = [this](const ScriptFailure& failure) { failures_.dismiss(failure); };
+    failureRows_.onSelect = [this] { refresh(); };
+    subscriptions_.push_back(failures_.changed.connect([this] { refresh(); }));
     notice_.onDismiss = [this] { controller_.dismissNotice(); };
     subscriptions_.push_back(controller_.changed.connect([this] { refresh(); }));
     subscriptions_.push_back(icons_.loaded.connect([this] { list_.viewport()->update(); }));
@@ -80,6 +90,7 @@ void PanelWindow::connectParts() {
 void PanelWindow::present() {
     if (!isVisible()) {
         icons_.forgetMissing();
+        failureRows_.select(std::nullopt);
         wasActive_ = false;
         refresh();
         chooseScreen();
@@ -111,6 +122,11 @@ void PanelWindow::activationChanged() {
     }
 }
 
+void PanelWindow::openFailure(const ScriptFailure& failure) {
+    controller_.hide();
+    showFailure(failure, controller_, failures_);
+}
+
 void PanelWindow::restyle() {
     style_ = PanelStyle::make(QApplication::palette(), QApplication::font(),
                               controller_.settings().fontSize());
@@ -122,9 +138,15 @@ void PanelWindow::restyle() {
 }
 
 void PanelWindow::refresh() {
+    field_.setPrompt(controller_.argumentPrompt().value_or(""));
     field_.setQuery(controller_.query());
     field_.setCompletion(controller_.inlineCompletion().value_or(""));
-    list_.setResults(controller_.results(), controller_.selection());
+    failureRows_.setFailures(failures_.failures());
+    if (std::exchange(shownQuery_, controller_.query()) != controller_.query()) {
+        failureRows_.select(std::nullopt); // who types is about the results
+    }
+    list_.setResults(controller_.results(),
+                     failureRows_.selection() ? -1 : controller_.selection());
     list_.setCopied(controller_.isSelectionCopied());
     notice_.setNotice(controller_.notice());
     fitHeight();
@@ -165,7 +187,8 @@ void PanelWindow::place() {
 /// Makes the window as high as what it shows, its upper edge staying where it is. Rows that find no
 /// room on the screen are scrolled to.
 void PanelWindow::fitHeight() {
-    const int fixed = style_.metrics.headerHeight + notice_.fullHeight(body().width());
+    const int fixed = style_.metrics.headerHeight + failureRows_.fullHeight() +
+                      notice_.fullHeight(body().width());
     const int room = screenArea().bottom() - style_.metrics.rowMargin - (y() + margin_) - fixed;
     const int wanted = fixed + list_.heightWithin(room) + 2 * margin_;
     if (wanted != height()) {
@@ -179,8 +202,12 @@ void PanelWindow::arrange() {
     const QRect area = body();
     const int header = style_.metrics.headerHeight;
     const int notice = notice_.fullHeight(area.width());
+    const int failures = failureRows_.fullHeight();
     field_.setGeometry(area.x(), area.y(), area.width(), header);
-    list_.setGeometry(area.x(), area.y() + header, area.width(), area.height() - header - notice);
+    list_.setGeometry(area.x(), area.y() + header, area.width(),
+                      area.height() - header - failures - notice);
+    failureRows_.setGeometry(area.x(), area.bottom() + 1 - notice - failures, area.width(),
+                             failures);
     notice_.setGeometry(area.x(), area.bottom() + 1 - notice, area.width(), notice);
     applyMask();
 }

@@ -4,7 +4,9 @@
 #include "core/controller/LauncherPanel.h"
 #include "core/controller/PelloController.h"
 #include "platform/Compositor.h"
+#include "scripts/ScriptFailureLog.h"
 #include "ui/icons/IconLoader.h"
+#include "ui/panel/FailureRows.h"
 #include "ui/panel/NoticeRow.h"
 #include "ui/panel/PanelKeys.h"
 #include "ui/panel/PanelShadow.h"
@@ -16,6 +18,7 @@
 #include <QWidget>
 
 #include <optional>
+#include <string>
 
 namespace pello {
 
@@ -25,7 +28,8 @@ namespace pello {
 class PanelWindow final : public QWidget, public LauncherPanel {
 public:
     /// All must outlive the panel.
-    PanelWindow(PelloController& controller, IconLoader& icons, const Compositor& compositor);
+    PanelWindow(PelloController& controller, IconLoader& icons, const Compositor& compositor,
+                ScriptFailureLog& failures);
     ~PanelWindow() override;
     PanelWindow(const PanelWindow&) = delete;
     PanelWindow& operator=(const PanelWindow&) = delete;
@@ -37,6 +41,7 @@ public:
     /// The parts, for tests that look at what is shown.
     [[nodiscard]] SearchField& field() { return field_; }
     [[nodiscard]] ResultList& list() { return list_; }
+    [[nodiscard]] FailureRows& failures() { return failureRows_; }
 
 protected:
     bool event(QEvent* event) override;
@@ -53,6 +58,7 @@ private:
     void restyle();
     void refresh();
     void takeKeyboard();
+    void openFailure(const ScriptFailure& failure);
     void activationChanged();
 
     void chooseScreen();
@@ -70,11 +76,14 @@ private:
     PanelStyle style_;
     SearchField field_;
     ResultList list_;
+    ScriptFailureLog& failures_;
+    FailureRows failureRows_;
     NoticeRow notice_;
     PanelKeys keys_;
     PanelShadow shadow_;
     int margin_ = 0; // the shadow's room on each side; none without a compositor
     bool wasActive_ = false;
+    std::string shownQuery_;
     QTimer activationCheck_;
     std::optional<QPoint> grip_; // where the pointer holds the panel while dragging
     std::vector<Subscription> subscriptions_;

@@ -19,7 +19,8 @@ public:
 
     void restyle();
 
-    /// Shows `results`, with the row `selection` marked and in view.
+    /// Shows `results`, with the row `selection` marked and in view;
+    /// none is marked when that is negative.
     void setResults(std::span<const SearchResult> results, int selection);
 
     /// Says in the selected row that its answer was copied, or says so no longer.

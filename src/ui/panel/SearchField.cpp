@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QProxyStyle>
 
+#include <algorithm>
 #include <utility>
 
 namespace pello {
@@ -45,7 +46,8 @@ SearchField::SearchField(const PanelStyle& style) : style_(style) {
 void SearchField::restyle() {
     const auto& metrics = style_.metrics;
     setFont(style_.fieldFont);
-    const int beforeText = metrics.headerPadding + metrics.searchSymbol + metrics.headerGap - 2;
+    const int beforeText =
+        metrics.headerPadding + metrics.searchSymbol + metrics.headerGap + promptWidth() - 2;
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     setTextMargins(isMirrored ? metrics.headerPadding : beforeText, 0,
                    isMirrored ? beforeText : metrics.headerPadding, 0);
@@ -65,6 +67,25 @@ void SearchField::setQuery(std::string_view query) {
 
 std::string SearchField::query() const {
     return toUtf8(text());
+}
+
+void SearchField::setPrompt(std::string_view prompt) {
+    const QString shown = prompt.empty() ? QString() : lineOf(prompt) + QLatin1Char(':');
+    if (shown != prompt_) {
+        prompt_ = shown;
+        setAccessibleName(prompt_.isEmpty() ? QStringLiteral("Search") : prompt_);
+        restyle();
+        update();
+    }
+}
+
+/// The room that the prompt takes before the text.
+int SearchField::promptWidth() const {
+    const QFontMetrics font(style_.fieldFont);
+    return prompt_.isEmpty()
+               ? 0
+               : std::min(font.horizontalAdvance(prompt_) + font.horizontalAdvance(' '),
+                          width() / 2);
 }
 
 void SearchField::setCompletion(std::string_view completion) {
@@ -133,6 +154,7 @@ void SearchField::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintSymbol(painter);
+    paintPrompt(painter);
     if (text().isEmpty() && !isComposing_) {
         paintPlaceholder(painter);
     }
@@ -166,12 +188,24 @@ void SearchField::paintSymbol(QPainter& painter) const {
     painter.restore();
 }
 
+void SearchField::paintPrompt(QPainter& painter) const {
+    const QRect texts = textArea();
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    const int start = isMirrored ? texts.right() : texts.left() - promptWidth();
+    painter.setFont(font());
+    painter.setPen(style_.theme.dim);
+    painter.drawText(QRect(start, 0, promptWidth(), height()),
+                     Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                     fontMetrics().elidedText(prompt_, Qt::ElideMiddle, promptWidth()));
+}
+
 void SearchField::paintPlaceholder(QPainter& painter) const {
     painter.setFont(font());
     painter.setPen(style_.theme.dim);
     const QRect area = textArea().adjusted(style_.metrics.caretWidth * 3, 0, 0, 0);
     painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
-                     QStringLiteral("Search or type a command…"));
+                     prompt_.isEmpty() ? QStringLiteral("Search or type a command…")
+                                       : QStringLiteral("…"));
 }
 
 void SearchField::paintCompletion(QPainter& painter) const {

@@ -24,6 +24,9 @@ public:
     void setQuery(std::string_view query);
     [[nodiscard]] std::string query() const;
 
+    /// What the text is for, in front of it, when it is not searched for; empty otherwise.
+    void setPrompt(std::string_view prompt);
+
     /// What to show behind the typed text; empty for nothing.
     void setCompletion(std::string_view completion);
 
@@ -43,12 +46,15 @@ protected:
 private:
     [[nodiscard]] bool isFree(int x) const;
     [[nodiscard]] QRect textArea() const;
+    [[nodiscard]] int promptWidth() const;
     [[nodiscard]] int caretX() const;
     void paintSymbol(QPainter& painter) const;
+    void paintPrompt(QPainter& painter) const;
     void paintPlaceholder(QPainter& painter) const;
     void paintCompletion(QPainter& painter) const;
 
     const PanelStyle& style_;
+    QString prompt_;
     QString completion_;
     bool isComposing_ = false;
     bool isGripped_ = false; // the press was passed on, and so is what follows it

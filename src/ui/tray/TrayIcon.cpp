@@ -1,0 +1,67 @@
+#include "ui/tray/TrayIcon.h"
+
+#include "ui/panel/MarkedText.h"
+#include "ui/tray/FailureDialog.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPalette>
+
+namespace pello {
+namespace {
+
+constexpr int kSize = 64; // scaled down to what the tray shows
+constexpr QColor kMark(0xe0, 0x3c, 0x31);
+
+} // namespace
+
+TrayIcon::TrayIcon(PelloController& controller, ScriptFailureLog& failures)
+    : controller_(controller),
+      failures_(failures),
+      changing_(failures.changed.connect([this] { refresh(); })) {
+    icon_.setContextMenu(&menu_);
+    icon_.setToolTip(QStringLiteral("Pello"));
+    QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         if (reason == QSystemTrayIcon::Trigger) {
+                             controller_.toggle();
+                         }
+                     });
+    refresh();
+    icon_.show();
+}
+
+void TrayIcon::refresh() {
+    const auto& failures = failures_.failures();
+    icon_.setIcon(drawn(!failures.empty(), QApplication::palette().color(QPalette::WindowText)));
+    menu_.clear();
+    menu_.addAction(QStringLiteral("Open Pello"), &menu_, [this] { controller_.show(); });
+    menu_.addSeparator();
+    for (const ScriptFailure& failure : failures) {
+        menu_.addAction(lineOf(failure.name + " failed"), &menu_,
+                        [this, failure] { showFailure(failure, controller_, failures_); });
+    }
+    menu_.addSeparator();
+    menu_.addAction(QStringLiteral("Quit Pello"), &menu_, [] { QApplication::quit(); });
+}
+
+QIcon TrayIcon::drawn(bool isMarked, const QColor& colour) {
+    QPixmap pixmap(kSize, kSize);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 6, Qt::SolidLine, Qt::RoundCap));
+    painter.drawEllipse(QPointF(28, 28), 18, 18);
+    painter.drawLine(QPointF(42, 42), QPointF(54, 54));
+    if (isMarked) {
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        painter.setPen(Qt::NoPen);
+        painter.drawEllipse(QPointF(48, 16), 17, 17);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.setBrush(kMark);
+        painter.drawEllipse(QPointF(48, 16), 13, 13);
+    }
+    return {pixmap};
+}
+
+} // namespace pello

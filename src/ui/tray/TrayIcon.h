@@ -1,0 +1,36 @@
+#pragma once
+
+#include "base/Subscription.h"
+#include "core/controller/PelloController.h"
+#include "scripts/ScriptFailureLog.h"
+
+#include <QIcon>
+#include <QMenu>
+#include <QSystemTrayIcon>
+
+namespace pello {
+
+/// Pello in the desktop's tray: opens the panel, and is marked while a failure of a script has not
+/// been dismissed. Desktops without a tray do not show it.
+class TrayIcon {
+public:
+    /// Both must outlive the icon.
+    TrayIcon(PelloController& controller, ScriptFailureLog& failures);
+
+    /// The icon, drawn in `colour`, with the mark or without.
+    [[nodiscard]] static QIcon drawn(bool isMarked, const QColor& colour);
+
+    /// What a click with the other button opens.
+    [[nodiscard]] QMenu& menu() { return menu_; }
+
+private:
+    void refresh();
+
+    PelloController& controller_;
+    ScriptFailureLog& failures_;
+    QMenu menu_;
+    QSystemTrayIcon icon_;
+    Subscription changing_;
+};
+
+} // namespace pello
