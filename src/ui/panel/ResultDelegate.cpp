@@ -78,7 +78,8 @@ void ResultDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 /// Words stand by themselves; keys, and what Return does in the selected row, in a pill.
 ResultDelegate::Accessory ResultDelegate::accessory(const LaunchItem& item, bool isSelected) const {
     const QString own = item.accessory ? lineOf(*item.accessory) : QString();
-    const bool isGlyph = std::holds_alternative<LaunchItem::TextIcon>(item.icon);
+    const bool isGlyph = item.kind == LaunchItem::Kind::command &&
+                         std::holds_alternative<LaunchItem::TextIcon>(item.icon);
     if (isSelected && (isAnswer(item) || isGlyph)) { // the accessory says what Return does
         return {.text = showsCopied ? QStringLiteral("✓ Copied") : QStringLiteral("↩ ") + own,
                 .isChip = true};
