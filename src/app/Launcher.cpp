@@ -20,6 +20,7 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
                      .environment = platform.loginEnvironment,
                      .failures = scriptFailures_,
                      .home = platform.home}),
+      runningScripts_(platform.loop, scriptRunner_, platform.dialogs),
       scripts_(platform.loop, platform.watcher, platform.scripts,
                [this](const ScriptCommand& command, std::string_view argument) {
                    scriptRunner_.run(command, argument);
@@ -28,6 +29,7 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
                    .indexer = indexer_,
                    .aliases = aliases_,
                    .scripts = scripts_,
+                   .runningScripts = runningScripts_,
                    .quickActions = quickActions_,
                    .usage = usage_,
                    .queryHistory = queryHistory_,

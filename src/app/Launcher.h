@@ -34,6 +34,7 @@ private:
     GlyphCatalogue glyphs_;
     ScriptFailureLog scriptFailures_;
     ScriptRunner scriptRunner_;
+    RunningScripts runningScripts_;
     ScriptsIndex scripts_;
     PelloController controller_;
     Subscription onProblem_;

@@ -133,6 +133,10 @@ void ScriptRunner::tell(const Running& script, const ProcessResult& result) {
     if (const auto* failed = std::get_if<ProcessResult::Failed>(&result.end)) {
         fail(script, kNotStartedStatus, "Could not be run: " + failed->reason + ".");
     } else if (const auto* signal = std::get_if<ProcessResult::Signalled>(&result.end)) {
+        if (script.isStopping) { // as the user wanted
+            around_.notifier.notify(script.command.name + " was stopped", output.message());
+            return;
+        }
         fail(script, kSignalStatus + signal->number, signalDetail(output, *signal));
     } else if (const int status = std::get<ProcessResult::Exited>(result.end).status; status != 0) {
         fail(script, status, output.failureDetail(status));

@@ -1,6 +1,7 @@
 #include "scripts/ScriptsIndex.h"
 
 #include "base/Text.h"
+#include "scripts/ScriptItem.h"
 
 #include <utility>
 
@@ -21,7 +22,7 @@ std::vector<std::string> keywordsOf(const ScriptCommand& command) {
 
 LaunchItem scriptItem(const ScriptCommand& command, const ScriptsIndex& index) {
     return {
-        .id = "script:" + text::wellFormed(command.url.string()),
+        .id = ScriptItem::id(command),
         .title = command.name,
         .subtitle = command.shownDetail(),
         .kind = LaunchItem::Kind::script,
@@ -92,7 +93,7 @@ LaunchItem ScriptsIndex::itemWithArgument(const ScriptCommand& command,
                                           std::string_view argument) const {
     const std::string text(argument);
     return {
-        .id = "script-run:" + text::wellFormed(command.url.filename().string()) + ':' + text,
+        .id = ScriptItem::id(command, text),
         .title = command.name + ": " + text,
         .subtitle = command.shownDetail(),
         .kind = LaunchItem::Kind::script,

@@ -162,6 +162,36 @@ TEST_F(PelloControllerTest, ScriptsAreFoundAndTakeTheTextAfterTheirKeyword) {
     EXPECT_THAT(found("backup"), IsEmpty());
 }
 
+TEST_F(PelloControllerTest, ARunningScriptSaysSoInItsRowAndIsStoppedThere) {
+    controller.setPanel(&panel);
+    addScript("backup", "# pello.keyword: bk\n# pello.argument: optional\n");
+    const auto accessory = [&] { return controller.results().front().item->accessory; };
+    pick("backup");
+    pick("bk photos");
+    controller.show("backup");
+    loop.advance(std::chrono::seconds(65));
+    EXPECT_THAT(accessory(), Optional(Eq("Running 1:05"))) << "it counts while it is seen";
+    EXPECT_THAT(titles(), ElementsAre("Backup", "Backup: photos"));
+
+    controller.runSelection();
+    loop.settle();
+    EXPECT_EQ(dialogs.question().title, "Stop “Backup”?");
+    EXPECT_EQ(scriptRuns.size(), 2U) << "not started a second time";
+    dialogs.answer(Dialogs::Answer::confirmed);
+    EXPECT_EQ(processes.started.at(1).terminations, 1);
+    loop.settle();
+    EXPECT_THAT(accessory(), Optional(Eq("Script")));
+
+    EXPECT_THAT(found("bk photos"), ElementsAre("Backup: photos"));
+    EXPECT_THAT(accessory(), Optional(Eq("Running 1:05")));
+    EXPECT_TRUE(controller.runAgain());
+    loop.settle();
+    EXPECT_THAT(processes.started.at(3).program.arguments, ElementsAre("photos"));
+    EXPECT_EQ(processes.started.at(2).terminations, 0) << "the first one goes on";
+    controller.setQuery("safari");
+    EXPECT_FALSE(controller.runAgain());
+}
+
 TEST_F(PelloControllerTest, AScriptThatNeedsAnArgumentAsksForIt) {
     addScript("mail", "# pello.keyword: mail\n# pello.argument: required\n");
     addScript("post", "# pello.argument: required\n");

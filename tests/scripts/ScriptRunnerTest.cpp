@@ -157,7 +157,8 @@ TEST_F(ScriptRunnerTest, StoppingAsksAndThenInsists) {
     loop.advance(milliseconds(1));
     EXPECT_EQ(processes.started.at(1).kills, 1);
     EXPECT_THAT(runner->running(), IsEmpty());
-    EXPECT_THAT(failures(), ElementsAre("slow.sh|137|Ended by signal 9 (SIGKILL)."));
+    EXPECT_THAT(failures(), IsEmpty());
+    EXPECT_THAT(notifier.notifications, ElementsAre(Notification{"Slow was stopped", ""}));
     runner->stop(id); // nobody is there any more
 }
 
@@ -166,7 +167,13 @@ TEST_F(ScriptRunnerTest, WhatEndsWhenAskedToIsNotKilled) {
     runner->stop(runner->running().front().id);
     loop.advance(milliseconds(10000));
     EXPECT_EQ(processes.started.at(1).kills, 0);
-    EXPECT_THAT(failures(), ElementsAre("slow.sh|143|Ended by signal 15 (SIGTERM)."));
+    EXPECT_THAT(failures(), IsEmpty());
+
+    runner->run(slow, "");
+    processes.stubborn.insert("/s/slow.sh");
+    runner->stop(runner->running().front().id);
+    processes.end(2, {.end = Exited{1}, .errorOutput = "lock left behind\n"});
+    EXPECT_THAT(failures(), ElementsAre("slow.sh|1|lock left behind"));
 }
 
 TEST_F(ScriptRunnerTest, ScriptsWaitForTheLoginEnvironment) {

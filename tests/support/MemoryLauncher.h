@@ -3,11 +3,15 @@
 #include "core/controller/PelloController.h"
 #include "platform/memory/MemoryAddressHandlers.h"
 #include "platform/memory/MemoryBundleReader.h"
+#include "platform/memory/MemoryDialogs.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryKeystrokes.h"
+#include "platform/memory/MemoryLoginEnvironment.h"
 #include "platform/memory/MemoryLoginItem.h"
 #include "platform/memory/MemoryMainLoop.h"
+#include "platform/memory/MemoryNotifier.h"
 #include "platform/memory/MemoryPasteboard.h"
+#include "platform/memory/MemoryProcesses.h"
 #include "platform/memory/MemoryUserDefaults.h"
 #include "platform/memory/MemoryWorkspace.h"
 #include "support/TemporaryFolder.h"
@@ -32,10 +36,12 @@ public:
         reindex();
     }
 
-    /// Makes a script of this text and indexes it.
+    /// Makes a script of this text and indexes it; once started, it runs until it is ended.
     void addScript(const std::string& name, std::string_view text) {
+        loginEnvironment.become({});
         const auto file = folder.write("Scripts/" + name, text);
         std::filesystem::permissions(file, std::filesystem::perms(0700));
+        processes.programs[file] = std::nullopt;
         reindex();
     }
 
@@ -103,10 +109,24 @@ public:
     QueryHistory history{defaults};
     AppIndexer indexer{loop, watcher, bundles, workspace, folder.path()};
     AliasIndex aliases{loop, addressHandlers, workspace};
+    MemoryProcesses processes{loop};
+    MemoryDialogs dialogs;
+    MemoryNotifier notifier;
+    MemoryLoginEnvironment loginEnvironment;
+    ScriptFailureLog scriptFailures;
+    ScriptRunner scriptRunner{{.loop = loop,
+                               .processes = processes,
+                               .dialogs = dialogs,
+                               .notifier = notifier,
+                               .environment = loginEnvironment,
+                               .failures = scriptFailures,
+                               .home = folder.path()}};
+    RunningScripts runningScripts{loop, scriptRunner, dialogs};
     std::vector<std::string> scriptRuns; // "name|argument"
     ScriptsIndex scripts{loop, watcher, folder.path() / "Scripts",
                          [this](const ScriptCommand& command, std::string_view argument) {
                              scriptRuns.push_back(command.name + '|' + std::string(argument));
+                             scriptRunner.run(command, argument);
                          }};
     QuickActions quickActions{loop, workspace, pasteboard};
     SystemActions systemActions{loop, pasteboard, keystrokes};
@@ -115,6 +135,7 @@ public:
                                 .indexer = indexer,
                                 .aliases = aliases,
                                 .scripts = scripts,
+                                .runningScripts = runningScripts,
                                 .quickActions = quickActions,
                                 .usage = usage,
                                 .queryHistory = history,

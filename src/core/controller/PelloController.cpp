@@ -3,7 +3,6 @@
 #include "base/Text.h"
 #include "core/controller/ArgumentRow.h"
 #include "core/controller/Completion.h"
-#include "search/SearchEngine.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -34,6 +33,10 @@ PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts
     parts_.scripts.onNeedsArgument = [this](const ScriptCommand& command) {
         askForArgument(command);
     };
+    subscriptions_.push_back(parts_.runningScripts.changed.connect([this] {
+        refresh();
+        keepTime();
+    }));
     parts_.quickActions.onChanged = [this] { refresh(); };
     parts_.glyphs.onPrepared = [this] { refresh(); };
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
@@ -54,7 +57,7 @@ void PelloController::setQuery(std::string_view query) {
     }
     const Change change(*this);
     if (!isRecallingHistory_) {
-        historyCursor_.reset();
+        history_.end();
     }
     query_ = query;
     variants_.clear();
@@ -116,13 +119,6 @@ void PelloController::refresh() {
     setSelection(selection_);
 }
 
-SearchMode PelloController::mode() const {
-    const SearchMode asked = SearchMode::of(query_);
-    return asked.kind == SearchMode::Kind::glyphs
-               ? asked
-               : SearchMode{.kind = SearchMode::Kind::normal, .text = query_};
-}
-
 std::vector<SearchResult> PelloController::search() const {
     if (prompted_) {
         return argumentRow(parts_.scripts, *prompted_, query_);
@@ -130,13 +126,7 @@ std::vector<SearchResult> PelloController::search() const {
     if (!variants_.empty()) {
         return variants_;
     }
-    if (const SearchMode now = mode(); now.kind == SearchMode::Kind::glyphs) {
-        return parts_.glyphs.results(now.text, parts_.usage);
-    }
-    const ScriptsIndex* scripts = parts_.settings.includesScripts.get() ? &parts_.scripts : nullptr;
-    const auto quickActions = parts_.quickActions.items(query_, parts_.settings, scripts);
-    return SearchEngine::results(query_, catalogue(), quickActions, parts_.usage,
-                                 parts_.settings.maximumResults.get());
+    return search_.results(query_);
 }
 
 // Arguments
@@ -175,14 +165,6 @@ void PelloController::replaceResults(std::vector<SearchResult> results) {
 void PelloController::clampSelection() {
     const int last = static_cast<int>(results_.size()) - 1;
     selection_ = std::max(0, std::min(selection_, last));
-}
-
-Catalogue PelloController::catalogue() const {
-    Catalogue lists = {parts_.indexer.items(), parts_.aliases.items()};
-    if (parts_.settings.includesScripts.get()) {
-        lists.push_back(parts_.scripts.items());
-    }
-    return lists;
 }
 
 // Running
@@ -255,6 +237,18 @@ bool PelloController::withdrawVariants() {
     return true;
 }
 
+bool PelloController::runAgain() {
+    const SearchResult* result = selectedResult();
+    if (result == nullptr || parts_.runningScripts.row(*result->item) == nullptr) {
+        return false;
+    }
+    const LaunchItemRef item = result->item;
+    parts_.queryHistory.record(query_);
+    hide();
+    parts_.loop.post([this, item] { parts_.runningScripts.runAgain(*item); });
+    return true;
+}
+
 void PelloController::run(const LaunchItemRef& item) {
     if (!prompted_) {
         parts_.queryHistory.record(query_);
@@ -262,7 +256,7 @@ void PelloController::run(const LaunchItemRef& item) {
     hide();
     if (!item->isEphemeral) {
         // Without its prefix: the glyph learned for ":fire" is the one for "emoji fire" too.
-        parts_.usage.record(item->id, mode().text);
+        parts_.usage.record(item->id, QuerySearch::mode(query_).text);
     }
     parts_.loop.post([item] {
         if (item->run) {
@@ -274,40 +268,21 @@ void PelloController::run(const LaunchItemRef& item) {
 // History
 
 void PelloController::recallOlder() {
-    if (prompted_) {
-        return;
+    if (!prompted_) {
+        recall(history_.older(query_));
     }
-    const auto& entries = parts_.queryHistory.entries();
-    const int next = historyCursor_ ? *historyCursor_ + 1 : 0;
-    if (next >= static_cast<int>(entries.size())) {
-        return;
-    }
-    if (!historyCursor_) {
-        draftQuery_ = query_;
-    }
-    recall(entries[static_cast<std::size_t>(next)], next);
 }
 
 void PelloController::recallNewer() {
-    if (!historyCursor_) {
-        return;
-    }
-    const auto& entries = parts_.queryHistory.entries();
-    // Another process may have shortened the history below the cursor.
-    const int next = std::min(*historyCursor_, static_cast<int>(entries.size())) - 1;
-    if (next < 0) {
-        recall(draftQuery_, std::nullopt);
-    } else {
-        recall(entries[static_cast<std::size_t>(next)], next);
-    }
+    recall(history_.newer());
 }
 
-void PelloController::recall(std::string_view text, std::optional<int> cursor) {
-    const Change change(*this);
-    isRecallingHistory_ = true;
-    setQuery(text);
-    isRecallingHistory_ = false;
-    if (std::exchange(historyCursor_, cursor) != cursor) {
+void PelloController::recall(const std::optional<std::string>& text) {
+    if (text) {
+        const Change change(*this);
+        isRecallingHistory_ = true;
+        setQuery(*text);
+        isRecallingHistory_ = false;
         announce();
     }
 }
@@ -321,7 +296,7 @@ void PelloController::show(std::string_view prefilling) {
         prompted_.reset();
         selection_ = 0;
         variants_.clear();
-        historyCursor_.reset();
+        history_.end();
         if (query_ != prefilling) {
             setQuery(prefilling);
         } else {
@@ -333,6 +308,18 @@ void PelloController::show(std::string_view prefilling) {
         panel_->present();
     }
     parts_.quickActions.keepUp();
+    keepTime();
+}
+
+/// The rows of running scripts say for how long, as long as somebody can see it.
+void PelloController::keepTime() {
+    nextSecond_ = {};
+    if (!parts_.runningScripts.isEmpty() && panel_ != nullptr && panel_->isPresented()) {
+        nextSecond_ = parts_.loop.after(std::chrono::seconds(1), [this] {
+            refresh();
+            keepTime();
+        });
+    }
 }
 
 void PelloController::hide() {

@@ -1,22 +1,11 @@
 #pragma once
 
 #include "base/Signal.h"
+#include "core/controller/ControllerParts.h"
+#include "core/controller/HistoryRecall.h"
 #include "core/controller/LauncherPanel.h"
-#include "core/controller/SearchMode.h"
+#include "core/controller/QuerySearch.h"
 #include "core/items/SearchResult.h"
-#include "core/settings/PelloSettings.h"
-#include "core/settings/QueryHistory.h"
-#include "platform/BundleReader.h"
-#include "platform/MainLoop.h"
-#include "platform/Pasteboard.h"
-#include "platform/Workspace.h"
-#include "scripts/ScriptsIndex.h"
-#include "search/PreparedList.h"
-#include "search/UsageStore.h"
-#include "sources/AliasIndex.h"
-#include "sources/AppIndexer.h"
-#include "sources/GlyphCatalogue.h"
-#include "sources/QuickActions.h"
 
 #include <optional>
 #include <span>
@@ -25,22 +14,6 @@
 #include <vector>
 
 namespace pello {
-
-/// What the controller works with. Everything must outlive it.
-struct ControllerParts {
-    PelloSettings& settings;
-    AppIndexer& indexer;
-    AliasIndex& aliases;
-    ScriptsIndex& scripts;
-    QuickActions& quickActions;
-    UsageStore& usage;
-    QueryHistory& queryHistory;
-    MainLoop& loop;
-    Workspace& workspace;
-    Pasteboard& pasteboard;
-    const BundleReader& bundles;
-    GlyphCatalogue& glyphs;
-};
 
 /// Owns the launcher's state: what is typed, what was found, which row is selected.
 ///
@@ -98,7 +71,7 @@ public:
     void recallNewer();
 
     /// Which entry of the history is shown; nothing while it is what the user typed.
-    [[nodiscard]] std::optional<int> historyCursor() const { return historyCursor_; }
+    [[nodiscard]] std::optional<int> historyCursor() const { return history_.cursor(); }
 
     /// Runs or reveals the selected row. Without one, nothing.
     void runSelection();
@@ -120,6 +93,9 @@ public:
 
     /// Shows the results again. False when no variants are shown.
     bool withdrawVariants();
+
+    /// Starts the selected script another time, beside the one that runs. False when none does.
+    bool runAgain();
 
     /// Records the choice, hides the panel and starts the item's action in a later turn of the main
     /// loop.
@@ -150,7 +126,7 @@ public:
     void refresh();
 
     /// The items of a normal search, one list per source, in the order that breaks ties.
-    [[nodiscard]] Catalogue catalogue() const;
+    [[nodiscard]] Catalogue catalogue() const { return search_.catalogue(); }
 
     /// Scans the sources again. With `forgetMissing`, what was learned about items that are gone
     /// is forgotten once the scan has ended.
@@ -160,14 +136,12 @@ public:
 
 private:
     [[nodiscard]] const SearchResult* selectedResult() const;
-    /// What the query searches now: a normal search where it asks for windows, which nothing
-    /// serves.
-    [[nodiscard]] SearchMode mode() const;
     [[nodiscard]] std::vector<SearchResult> search() const;
+    void keepTime();
     void askForArgument(const ScriptCommand& command);
     void replaceResults(std::vector<SearchResult> results);
     void clampSelection();
-    void recall(std::string_view text, std::optional<int> cursor);
+    void recall(const std::optional<std::string>& text);
     void configureSources();
     void applicationsChanged();
     void pruneUsage();
@@ -177,6 +151,7 @@ private:
     class Change;
 
     ControllerParts parts_;
+    QuerySearch search_{parts_};
     LauncherPanel* panel_ = nullptr;
     std::string query_;
     std::vector<SearchResult> results_;
@@ -186,13 +161,13 @@ private:
     std::optional<std::string> notice_;
     LaunchItemRef copied_;
     std::optional<ScriptCommand> prompted_;
-    std::optional<int> historyCursor_;
-    std::string draftQuery_;
+    HistoryRecall history_{parts_.queryHistory};
     bool isRecallingHistory_ = false;
     bool isDragging_ = false;
     bool prunesAfterScan_ = false;
     int openChanges_ = 0;
     bool hasChanged_ = false;
+    Subscription nextSecond_;
     std::vector<Subscription> subscriptions_;
 };
 

@@ -15,8 +15,8 @@ bool PanelKeys::handle(const QKeyEvent& event) {
     static const auto kBindings = std::to_array<Binding>({
         {Qt::Key_Return, Qt::NoModifier, &PanelKeys::run},
         {Qt::Key_Enter, Qt::NoModifier, &PanelKeys::run},
-        {Qt::Key_Return, Qt::ShiftModifier, &PanelKeys::offerVariants},
-        {Qt::Key_Enter, Qt::ShiftModifier, &PanelKeys::offerVariants},
+        {Qt::Key_Return, Qt::ShiftModifier, &PanelKeys::runOtherwise},
+        {Qt::Key_Enter, Qt::ShiftModifier, &PanelKeys::runOtherwise},
         {Qt::Key_Up, Qt::NoModifier, &PanelKeys::previousOrOlder},
         {Qt::Key_Down, Qt::NoModifier, &PanelKeys::nextOrNewer},
         {Qt::Key_P, Qt::ControlModifier, &PanelKeys::previous},
@@ -55,8 +55,10 @@ bool PanelKeys::run() {
     return true;
 }
 
-bool PanelKeys::offerVariants() {
-    controller_.offerVariants();
+bool PanelKeys::runOtherwise() {
+    if (!controller_.offerVariants()) {
+        controller_.runAgain();
+    }
     return true;
 }
 

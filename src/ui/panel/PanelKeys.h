@@ -24,7 +24,7 @@ private:
     struct Binding;
 
     bool run();
-    bool offerVariants();
+    bool runOtherwise();
     bool previous();
     bool next();
     bool previousOrOlder();

@@ -1,0 +1,54 @@
+#include "core/controller/QuerySearch.h"
+
+#include "search/SearchEngine.h"
+
+#include <unordered_set>
+#include <utility>
+
+namespace pello {
+
+SearchMode QuerySearch::mode(std::string_view query) {
+    SearchMode asked = SearchMode::of(query);
+    return asked.kind == SearchMode::Kind::glyphs
+               ? asked
+               : SearchMode{.kind = SearchMode::Kind::normal, .text = std::string(query)};
+}
+
+std::vector<SearchResult> QuerySearch::results(std::string_view query) const {
+    if (const SearchMode now = mode(query); now.kind == SearchMode::Kind::glyphs) {
+        return parts_.glyphs.results(now.text, parts_.usage);
+    }
+    const ScriptsIndex* scripts = parts_.settings.includesScripts.get() ? &parts_.scripts : nullptr;
+    const auto quickActions = parts_.quickActions.items(query, parts_.settings, scripts);
+    auto results = SearchEngine::results(query, catalogue(), quickActions, parts_.usage,
+                                         parts_.settings.maximumResults.get());
+    showRunning(results);
+    return results;
+}
+
+/// A script that runs with an argument has a row of its own, which is the same one as that of the
+/// typed argument.
+void QuerySearch::showRunning(std::vector<SearchResult>& results) const {
+    if (parts_.runningScripts.isEmpty()) {
+        return;
+    }
+    std::unordered_set<std::string_view> seen;
+    for (SearchResult& result : results) {
+        if (LaunchItemRef row = parts_.runningScripts.row(*result.item)) {
+            result.item = std::move(row);
+        }
+    }
+    std::erase_if(results,
+                  [&](const SearchResult& result) { return !seen.insert(result.item->id).second; });
+}
+
+Catalogue QuerySearch::catalogue() const {
+    Catalogue lists = {parts_.indexer.items(), parts_.aliases.items()};
+    if (parts_.settings.includesScripts.get()) {
+        lists.push_back(parts_.scripts.items());
+        lists.push_back(parts_.runningScripts.items());
+    }
+    return lists;
+}
+
+} // namespace pello

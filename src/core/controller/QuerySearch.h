@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/controller/ControllerParts.h"
+#include "core/controller/SearchMode.h"
+#include "core/items/SearchResult.h"
+#include "search/PreparedList.h"
+
+#include <string_view>
+#include <vector>
+
+namespace pello {
+
+/// Finds what a query means among the sources. Main thread only.
+class QuerySearch {
+public:
+    /// `parts` must outlive the search.
+    explicit QuerySearch(const ControllerParts& parts) : parts_(parts) {}
+
+    /// What `query` searches now: a normal search where it asks for windows, which nothing serves.
+    [[nodiscard]] static SearchMode mode(std::string_view query);
+
+    /// The rows for `query`, best first.
+    [[nodiscard]] std::vector<SearchResult> results(std::string_view query) const;
+
+    /// The items of a normal search, one list per source, in the order that breaks ties.
+    [[nodiscard]] Catalogue catalogue() const;
+
+private:
+    void showRunning(std::vector<SearchResult>& results) const;
+
+    const ControllerParts& parts_;
+};
+
+} // namespace pello
