@@ -21,7 +21,7 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
                      .failures = scriptFailures_,
                      .home = platform.home}),
       runningScripts_(platform.loop, scriptRunner_, platform.dialogs),
-      scripts_(platform.loop, platform.watcher, platform.scripts,
+      scripts_(platform.loop, platform.watcher, platform.fileAccess, platform.scripts,
                [this](const ScriptCommand& command, std::string_view argument) {
                    scriptRunner_.run(command, argument);
                }),

@@ -61,6 +61,7 @@ Platform LinuxServices::ports() {
     return {.loop = surface.loop,
             .defaults = defaults,
             .watcher = surface.watcher,
+            .fileAccess = fileAccess,
             .bundles = bundles,
             .workspace = workspace,
             .addressHandlers = addressHandlers,

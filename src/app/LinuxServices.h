@@ -8,6 +8,7 @@
 #include "platform/linux/Environment.h"
 #include "platform/linux/GioAddressHandlers.h"
 #include "platform/linux/PlistUserDefaults.h"
+#include "platform/linux/PosixFileAccess.h"
 #include "platform/linux/PosixProcesses.h"
 #include "platform/linux/XdgFolders.h"
 
@@ -46,6 +47,7 @@ struct LinuxServices {
     XdgFolders folders;
     std::unique_ptr<Log> log;
     PlistUserDefaults defaults;
+    PosixFileAccess fileAccess;
     DesktopBundleReader bundles;
     DesktopWorkspace workspace;
     GioAddressHandlers addressHandlers;

@@ -3,6 +3,7 @@
 #include "platform/AddressHandlers.h"
 #include "platform/BundleReader.h"
 #include "platform/Dialogs.h"
+#include "platform/FileAccess.h"
 #include "platform/FolderWatcher.h"
 #include "platform/Keystrokes.h"
 #include "platform/Log.h"
@@ -24,6 +25,7 @@ struct Platform {
     MainLoop& loop;
     UserDefaults& defaults;
     FolderWatcher& watcher;
+    const FileAccess& fileAccess;
     const BundleReader& bundles;
     Workspace& workspace;
     const AddressHandlers& addressHandlers;

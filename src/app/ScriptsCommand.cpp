@@ -64,7 +64,7 @@ int become(const ScriptCommand& script, const std::optional<std::string>& argume
 int run(const ScriptsCommand& command) {
     HeadlessPlatform platform({});
     const Platform ports = platform.ports();
-    const ScriptScan scan = ScriptScan::of(ports.scripts);
+    const ScriptScan scan = ScriptScan::of(ports.scripts, ports.fileAccess);
     if (command.action == ScriptsCommand::Action::list) {
         return list(scan, ports.home);
     }

@@ -30,14 +30,6 @@ std::vector<fs::path> visibleFiles(const fs::path& folder) {
     return files;
 }
 
-bool isExecutable(const fs::path& file) {
-    constexpr auto kExecutable =
-        fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
-    std::error_code error;
-    const auto status = fs::status(file, error);
-    return !error && (status.permissions() & kExecutable) != fs::perms::none;
-}
-
 std::optional<std::string> firstBytes(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream) {
@@ -52,12 +44,16 @@ std::optional<std::string> firstBytes(const fs::path& file) {
 /// Goes through the files of a folder one by one.
 class Scan {
 public:
-    explicit Scan(std::string_view locale) : locale_(locale) {}
+    Scan(const FileAccess& access, std::string_view locale) : access_(access), locale_(locale) {}
 
     void consider(const fs::path& file) {
-        const auto bytes = isExecutable(file) ? firstBytes(file) : std::nullopt;
+        if (!access_.canExecute(file)) {
+            complain(file, "it is not executable");
+            return;
+        }
+        const auto bytes = firstBytes(file);
         if (!bytes) {
-            complain(file, isExecutable(file) ? "it cannot be read" : "it is not executable");
+            complain(file, "it cannot be read");
             return;
         }
         const auto header = scriptHeader(*bytes);
@@ -79,13 +75,15 @@ private:
         found.problems.push_back({.file = file, .reason = reason});
     }
 
+    const FileAccess& access_;
     std::string_view locale_;
 };
 
 } // namespace
 
-ScriptScan ScriptScan::of(const fs::path& folder, std::string_view locale) {
-    Scan scan(locale);
+ScriptScan ScriptScan::of(const fs::path& folder, const FileAccess& access,
+                          std::string_view locale) {
+    Scan scan(access, locale);
     for (const fs::path& file : visibleFiles(folder)) {
         scan.consider(file);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileAccess.h"
 #include "scripts/ScriptCommand.h"
 
 #include <filesystem>
@@ -23,11 +24,11 @@ struct ScriptScan {
     /// By file.
     std::vector<Problem> problems;
 
-    /// The executable files in `folder`, hidden ones left out, with names as `locale` capitalises
-    /// them (see ReadersLocale.h). Makes the folder where it is missing. Empty when it cannot be
-    /// listed. Reads files; any thread.
+    /// The files in `folder` that the user may execute, hidden ones left out, with names as
+    /// `locale` capitalises them (see ReadersLocale.h). Makes the folder where it is missing. Empty
+    /// when it cannot be listed. Reads files; any thread.
     [[nodiscard]] static ScriptScan of(const std::filesystem::path& folder,
-                                       std::string_view locale = {});
+                                       const FileAccess& access, std::string_view locale = {});
 };
 
 } // namespace pello

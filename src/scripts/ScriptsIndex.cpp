@@ -1,6 +1,7 @@
 #include "scripts/ScriptsIndex.h"
 
 #include "base/Text.h"
+#include "scripts/SampleScript.h"
 #include "scripts/ScriptItem.h"
 
 #include <utility>
@@ -37,10 +38,11 @@ LaunchItem scriptItem(const ScriptCommand& command, const ScriptsIndex& index) {
 
 } // namespace
 
-ScriptsIndex::ScriptsIndex(MainLoop& loop, FolderWatcher& watcher, std::filesystem::path directory,
-                           Run run)
+ScriptsIndex::ScriptsIndex(MainLoop& loop, FolderWatcher& watcher, const FileAccess& access,
+                           std::filesystem::path directory, Run run)
     : loop_(loop),
       watcher_(watcher),
+      access_(access),
       directory_(std::move(directory)),
       run_(std::move(run)),
       items_(PreparedList::make({})) {}
@@ -49,8 +51,8 @@ void ScriptsIndex::rescan() {
     isScanning_ = true;
     watchFolder();
     // The items' actions need the index; the worker only hands its address on.
-    auto work = [directory = directory_, &index = *this] {
-        Published published{.found = ScriptScan::of(directory)};
+    auto work = [directory = directory_, &access = access_, &index = *this] {
+        Published published{.found = ScriptScan::of(directory, access)};
         std::vector<LaunchItem> items;
         for (const ScriptCommand& command : published.found.commands) {
             items.push_back(scriptItem(command, index));
@@ -87,6 +89,11 @@ void ScriptsIndex::scheduleRescan() {
     if (watching_) {
         debounce_ = loop_.after(kQuietPeriod, [this] { rescan(); });
     }
+}
+
+void ScriptsIndex::writeSample(std::function<void(std::optional<std::filesystem::path>)> done) {
+    loop_.background([directory = directory_] { return SampleScript::write(directory); },
+                     std::move(done));
 }
 
 LaunchItem ScriptsIndex::itemWithArgument(const ScriptCommand& command,

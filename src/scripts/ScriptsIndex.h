@@ -30,9 +30,10 @@ public:
     /// Runs a command with an argument, which is empty when there is none.
     using Run = std::function<void(const ScriptCommand&, std::string_view argument)>;
 
-    /// `loop`, `watcher` and what `run` refers to must outlive the index, and the index its items.
-    /// `directory` is made when it is missing.
-    ScriptsIndex(MainLoop& loop, FolderWatcher& watcher, std::filesystem::path directory, Run run);
+    /// `loop`, `watcher`, `access` and what `run` refers to must outlive the index, and the index
+    /// its items. `directory` is made when it is missing.
+    ScriptsIndex(MainLoop& loop, FolderWatcher& watcher, const FileAccess& access,
+                 std::filesystem::path directory, Run run);
 
     /// Scans the folder. Of scans that overlap only the one started last counts.
     void rescan();
@@ -46,6 +47,10 @@ public:
 
     [[nodiscard]] bool isScanning() const { return isScanning_; }
     [[nodiscard]] const std::filesystem::path& directory() const { return directory_; }
+
+    /// Writes the sample script, unless it is there, and hands on where it is; nothing when it
+    /// could not be written.
+    void writeSample(std::function<void(std::optional<std::filesystem::path>)> done);
 
     /// The item that runs `command` with `argument`, made for one query only.
     [[nodiscard]] LaunchItem itemWithArgument(const ScriptCommand& command,
@@ -75,6 +80,7 @@ private:
 
     MainLoop& loop_;
     FolderWatcher& watcher_;
+    const FileAccess& access_;
     std::filesystem::path directory_;
     Run run_;
     ScriptScan found_;

@@ -162,6 +162,21 @@ TEST_F(PelloControllerTest, ScriptsAreFoundAndTakeTheTextAfterTheirKeyword) {
     EXPECT_THAT(found("backup"), IsEmpty());
 }
 
+TEST_F(PelloControllerTest, TheSampleScriptIsWrittenOnceShownAndFound) {
+    controller.writeSampleScript();
+    loop.settle();
+    const auto file = folder.path() / "Scripts" / "hello-pello";
+    EXPECT_THAT(workspace.revealed, ElementsAre(file));
+    reindex();
+    EXPECT_THAT(found("hello"), ElementsAre("Hello Pello"));
+
+    std::filesystem::remove_all(file.parent_path());
+    folder.write("Scripts", "in the way");
+    controller.writeSampleScript();
+    loop.settle();
+    EXPECT_THAT(controller.notice(), Optional(Eq("The sample script could not be written.")));
+}
+
 TEST_F(PelloControllerTest, ARunningScriptSaysSoInItsRowAndIsStoppedThere) {
     controller.setPanel(&panel);
     addScript("backup", "# pello.keyword: bk\n# pello.argument: optional\n");

@@ -1,5 +1,6 @@
 #include "scripts/ScriptsIndex.h"
 
+#include "platform/memory/MemoryFileAccess.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryMainLoop.h"
 #include "scripts/SampleScript.h"
@@ -51,10 +52,11 @@ protected:
     fs::path directory = folder.path() / "Scripts";
     MemoryMainLoop loop;
     MemoryFolderWatcher watcher;
+    MemoryFileAccess access;
     std::vector<std::string> ran;
     std::vector<std::string> asked;
     int changes = 0;
-    ScriptsIndex index{loop, watcher, directory,
+    ScriptsIndex index{loop, watcher, access, directory,
                        [this](const ScriptCommand& command, std::string_view argument) {
                            ran.push_back(command.name + '|' + std::string(argument));
                        }};
@@ -66,6 +68,7 @@ TEST_F(ScriptsIndexTest, ListsExecutableFilesByNameAndSaysWhatIsWrongWithOthers)
     addScript("z", "# pello.name: Day\n");
     addScript("latin", "# \xe9\n");
     addScript("plain", "echo\n", 0600);
+    access.forbidden.insert(addScript("others", "", 0755));
     addScript("spaced", "# pello.keyword: a b\n");
     addScript(".hidden", "");
     folder.makeFolder("Scripts/folder");
@@ -76,6 +79,7 @@ TEST_F(ScriptsIndexTest, ListsExecutableFilesByNameAndSaysWhatIsWrongWithOthers)
     EXPECT_THAT(index.problems(),
                 ElementsAre(ScriptScan::Problem{directory / "latin",
                                                 "its header is not UTF-8 text, and is ignored"},
+                            ScriptScan::Problem{directory / "others", "it is not executable"},
                             ScriptScan::Problem{directory / "plain", "it is not executable"},
                             ScriptScan::Problem{directory / "spaced",
                                                 "its keyword contains a space, and is ignored"}));

@@ -4,6 +4,7 @@
 #include "platform/memory/MemoryAddressHandlers.h"
 #include "platform/memory/MemoryBundleReader.h"
 #include "platform/memory/MemoryDialogs.h"
+#include "platform/memory/MemoryFileAccess.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryKeystrokes.h"
 #include "platform/memory/MemoryLoginEnvironment.h"
@@ -99,6 +100,7 @@ public:
     MemoryUserDefaults defaults;
     MemoryLoginItem loginItem;
     MemoryFolderWatcher watcher;
+    MemoryFileAccess fileAccess;
     MemoryBundleReader bundles{"app", {applications}};
     MemoryWorkspace workspace;
     MemoryAddressHandlers addressHandlers;
@@ -123,7 +125,7 @@ public:
                                .home = folder.path()}};
     RunningScripts runningScripts{loop, scriptRunner, dialogs};
     std::vector<std::string> scriptRuns; // "name|argument"
-    ScriptsIndex scripts{loop, watcher, folder.path() / "Scripts",
+    ScriptsIndex scripts{loop, watcher, fileAccess, folder.path() / "Scripts",
                          [this](const ScriptCommand& command, std::string_view argument) {
                              scriptRuns.push_back(command.name + '|' + std::string(argument));
                              scriptRunner.run(command, argument);

@@ -24,11 +24,14 @@ TEST(TrayIconTest, ItsMenuListsTheFailuresThatAreNotDismissed) {
     MemoryLauncher launcher;
     ScriptFailureLog failures;
     TrayIcon icon(launcher.controller, failures);
-    EXPECT_THAT(texts(icon.menu()), ElementsAre("Open Pello", "Quit Pello"));
+    EXPECT_THAT(texts(icon.menu()),
+                ElementsAre("Open Pello", "Write a Sample Script", "Quit Pello"));
     failures.record({.name = "Backup", .fileName = "b", .status = 1, .detail = "x"});
-    EXPECT_THAT(texts(icon.menu()), ElementsAre("Open Pello", "Backup failed", "Quit Pello"));
+    EXPECT_THAT(texts(icon.menu()),
+                ElementsAre("Open Pello", "Backup failed", "Write a Sample Script", "Quit Pello"));
     failures.dismiss(ScriptFailure(failures.failures().front()));
-    EXPECT_THAT(texts(icon.menu()), ElementsAre("Open Pello", "Quit Pello"));
+    EXPECT_THAT(texts(icon.menu()),
+                ElementsAre("Open Pello", "Write a Sample Script", "Quit Pello"));
 }
 
 TEST(TrayIconTest, TheMarkIsSeenOnDarkAndLightTrays) {

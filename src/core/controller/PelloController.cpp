@@ -193,6 +193,16 @@ void PelloController::revealScript(std::string_view fileName) {
     parts_.workspace.reveal(parts_.scripts.directory() / fileName);
 }
 
+void PelloController::writeSampleScript() {
+    parts_.scripts.writeSample([this](const std::optional<std::filesystem::path>& file) {
+        if (file) {
+            parts_.workspace.reveal(*file);
+        } else {
+            report("The sample script could not be written.");
+        }
+    });
+}
+
 bool PelloController::copySelection() {
     const SearchResult* result = selectedResult();
     if (result == nullptr || result->item->kind != LaunchItem::Kind::calculation) {

@@ -77,6 +77,9 @@ public:
     void runSelection();
     void revealSelection();
 
+    /// Writes a script for the user to start from, unless it is there, and shows it there.
+    void writeSampleScript();
+
     /// Shows the script of that file name in the file viewer.
     void revealScript(std::string_view fileName);
 
