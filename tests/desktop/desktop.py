@@ -193,6 +193,24 @@ class Desktop:
         script.write_text(f'#!/bin/sh\necho "$1" >"{self.folder}/marks"\n')
         script.chmod(0o700)
 
+    def add_script(self, name, text):
+        """Installs a script for this user, run by the shell."""
+        script = self.folder / "data/Pello/Scripts" / name
+        script.parent.mkdir(parents=True, exist_ok=True)
+        script.write_text("#!/bin/sh\n" + text)
+        script.chmod(0o700)
+
+    def start_notification_daemon(self):
+        """Shows notifications, and leaves each one's texts as a mark."""
+        note = self.folder / "programs/leave-notification"
+        note.write_text(f'#!/bin/sh\necho "$2: $3" >"{self.folder}/marks"\n')
+        note.chmod(0o700)
+        rules = self.folder / "dunstrc"
+        rules.write_text(f'[every-one]\nsummary = "*"\nscript = {note}\n')
+        self.start(["dunst", "-conf", rules], stderr=subprocess.DEVNULL)
+        self.run("gdbus", "wait", "--session", "org.freedesktop.Notifications", "--timeout",
+                 DEADLINE)
+
     def add_marker(self, name):
         """Installs an application that leaves its name as a mark when it runs."""
         self.add_marking_program("leave-mark")

@@ -111,11 +111,44 @@ class LauncherTest(unittest.TestCase):
         self.wait_until_closed()
         self.assertEqual(self.desktop.clipboard(), "48")
 
-    def pick_glyph(self, query, *keys):
-        """Summons the panel and picks what `keys` lead to from `query`."""
+    def test_scripts_take_arguments_tell_what_came_of_them_and_can_be_stopped(self):
+        self.desktop.start_notification_daemon()
+        self.desktop.add_script("post", """# pello.keyword: po
+# pello.icon: 📮
+# pello.argument: required
+[ "$1" = "it's \\"done\\"" ] && echo "posted $1 from $(pwd)" && exit
+echo 'no network' >&2
+exit 3
+""")
+        self.desktop.add_script("watch", "exec sleep 1000\n")
+        self.start_pello()
+        self.desktop.type("po it's \"done\"")
+        self.desktop.key("Return")
+        home = self.desktop.folder / "home"
+        self.expect_mark(f"Post: posted it's \"done\" from {home}")
+
+        self.summon("po it")
+        self.desktop.key("Return")
+        self.expect_mark("Post failed: no network")
+        self.summon("watch")
+        self.desktop.key("Return")
+        self.wait_until_closed()
+        self.summon("watch")
+        self.desktop.screenshot("script-running-and-failed")
+        self.desktop.key("Return")
+        self.desktop.wait_for_active("Stop “Watch”?")
+        self.desktop.screenshot("stop-question")
+        self.desktop.key("Return")
+        self.expect_mark("Watch was stopped:")
+
+    def summon(self, query):
         self.desktop.run(PELLO, "toggle")
         self.panel = self.desktop.wait_for_active("Pello")
         self.desktop.type(query)
+
+    def pick_glyph(self, query, *keys):
+        """Summons the panel and picks what `keys` lead to from `query`."""
+        self.summon(query)
         self.desktop.key(*keys)
 
     def test_glyphs_are_pasted_where_the_user_was_and_the_clipboard_comes_back(self):
