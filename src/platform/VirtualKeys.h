@@ -23,5 +23,7 @@ inline constexpr std::uint16_t kRightControl = 62;
 inline constexpr std::uint16_t kHyper = 79;
 inline constexpr std::uint16_t kLeftArrow = 123;
 inline constexpr std::uint16_t kRightArrow = 124;
+/// Stands for keys that have no code here. No combo has it.
+inline constexpr std::uint16_t kNone = 0xFFFF;
 
 } // namespace pello::virtualKeys

@@ -24,6 +24,10 @@ public:
     /// Caps Lock does not.
     [[nodiscard]] bool isHeldModifier(xcb_keycode_t key) const;
 
+    /// The symbol that `key` gives without modifiers in the layout of this number; none when it
+    /// gives nothing, or several. Only where `isValid`.
+    [[nodiscard]] xkb_keysym_t symbolOf(xkb_keycode_t key, xkb_layout_index_t layout) const;
+
 private:
     template <auto Release>
     struct Releaser {
@@ -35,7 +39,6 @@ private:
     template <class T, auto Release>
     using Owned = std::unique_ptr<T, Releaser<Release>>;
 
-    [[nodiscard]] xkb_keysym_t symbolOf(xkb_keycode_t key, xkb_layout_index_t layout) const;
     [[nodiscard]] xcb_keycode_t keyIn(xkb_layout_index_t layout, xkb_keysym_t symbol) const;
 
     Owned<xkb_context, xkb_context_unref> context_;

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "platform/linux/X11Connection.h"
+#include "support/QtTurns.h"
+
+#include <QProcess>
+#include <gtest/gtest.h>
+#include <xcb/xtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace pello {
+
+/// An X server of the test's own, which DISPLAY names as long as this object lives, with a keyboard
+/// that obeys.
+class PrivateDisplay {
+public:
+    PrivateDisplay() {
+        ensureQtApplication();
+        server_.setStandardErrorFile(QProcess::nullDevice());
+        server_.start(QStringLiteral("Xvfb"),
+                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), QStringLiteral("640x480x24"),
+                       QStringLiteral("-noreset")});
+        while (!server_.canReadLine() && server_.waitForReadyRead()) {
+        }
+        const QByteArray number = server_.readLine().trimmed();
+        EXPECT_FALSE(number.isEmpty()) << "Xvfb does not run";
+        qputenv("DISPLAY", ":" + number);
+        // Nothing of a session that the tests are run in.
+        qunsetenv("WAYLAND_DISPLAY");
+        keyboard_ = std::make_unique<X11Connection>();
+    }
+
+    ~PrivateDisplay() {
+        for (const auto& program : programs_) {
+            end(*program);
+        }
+        keyboard_.reset();
+        end(server_);
+        qunsetenv("DISPLAY");
+    }
+
+    PrivateDisplay(const PrivateDisplay&) = delete;
+    PrivateDisplay& operator=(const PrivateDisplay&) = delete;
+
+    /// What `command` prints, run through the shell to its end.
+    static std::string run(const std::string& command) {
+        QProcess process;
+        process.start(QStringLiteral("sh"),
+                      {QStringLiteral("-c"), QString::fromStdString(command)});
+        process.waitForFinished();
+        EXPECT_EQ(process.exitCode(), 0) << command << process.readAllStandardError().toStdString();
+        return process.readAllStandardOutput().toStdString();
+    }
+
+    /// Starts a program that runs as long as this object.
+    QProcess& start(const std::string& program, const QStringList& arguments = {}) {
+        programs_.push_back(std::make_unique<QProcess>());
+        programs_.back()->setStandardErrorFile(QProcess::nullDevice());
+        programs_.back()->setStandardOutputFile(QProcess::nullDevice());
+        programs_.back()->start(QString::fromStdString(program), arguments);
+        EXPECT_TRUE(programs_.back()->waitForStarted()) << program;
+        return *programs_.back();
+    }
+
+    static void end(QProcess& process) {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    /// Breaks the connection of every client.
+    void endServer() { end(server_); }
+
+    void press(xcb_keycode_t key) { fake(XCB_KEY_PRESS, key); }
+    void release(xcb_keycode_t key) { fake(XCB_KEY_RELEASE, key); }
+    void click(std::uint8_t button) {
+        fake(XCB_BUTTON_PRESS, button);
+        fake(XCB_BUTTON_RELEASE, button);
+    }
+
+    [[nodiscard]] xcb_connection_t* connection() const { return keyboard_->get(); }
+    [[nodiscard]] xcb_window_t root() const { return keyboard_->root(); }
+
+private:
+    void fake(std::uint8_t event, std::uint8_t detail) {
+        xcb_test_fake_input(connection(), event, detail, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0,
+                            0);
+        xcb_flush(connection());
+    }
+
+    QProcess server_;
+    std::unique_ptr<X11Connection> keyboard_;
+    std::vector<std::unique_ptr<QProcess>> programs_;
+};
+
+} // namespace pello
