@@ -160,6 +160,7 @@ TEST(CommandTabTest, StepsChoosesAndCommitsOnRelease) {
 TEST(CommandTabTest, QuitsSearchesAndCancelsByKey) {
     EXPECT_EQ(play(commandTab, "d:lcmd p:tab d:q r:q u:q p:esc p:a u:lcmd"),
               "advance+1 quit cancel u:⌘esc d:⌘a u:⌘a");
+    EXPECT_EQ(play(commandTab, "d:lcmd d:tab p:esc u:tab u:lcmd"), "advance+1 cancel u:⌘esc");
     EXPECT_EQ(play(commandTab, "d:lcmd p:tab r:k d:k u:k u:lcmd"), "advance+1 windows u:⌘k");
 
     testing::Keyboard french(commandTab);

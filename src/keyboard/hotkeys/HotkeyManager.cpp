@@ -258,7 +258,7 @@ void HotkeyManager::refreshPermissions() {
         update(isAccessibilityTrusted_, isTrusted);
         update(hasInputMonitoring_, isMonitoring);
     }
-    if (!isSuspended_ && !isResetting_ && (differs || health() == Health::blocked)) {
+    if (!isSuspended_ && (differs || health() == Health::blocked)) {
         recreateTap();
     }
 }
