@@ -2,6 +2,8 @@
 
 #include "app/HeadlessPlatform.h"
 #include "base/Text.h"
+#include "platform/linux/ForkedProgram.h"
+#include "platform/linux/StartFailure.h"
 #include "scripts/ScriptScan.h"
 #include "sources/ApplicationItem.h"
 
@@ -47,16 +49,29 @@ const ScriptCommand* scriptCalled(const std::string& name, const ScriptScan& sca
 
 /// Becomes the script; comes back only when that fails.
 int become(const ScriptCommand& script, const std::optional<std::string>& argument,
-           const std::filesystem::path& home) {
-    std::string program = script.url.string();
-    std::string text = argument.value_or("");
-    std::array<char*, 3> arguments = {program.data(), argument ? text.data() : nullptr, nullptr};
+           const Platform& ports) {
+    ProcessPlan plan{.program = script.url,
+                     .arguments = {script.url.string()},
+                     .environment = Environment::ofThisProcess(),
+                     .folder = ports.home};
+    if (argument) {
+        plan.arguments.push_back(*argument);
+    }
+    const ExecLayout layout(plan);
     std::error_code elsewhere;
-    std::filesystem::current_path(home, elsewhere); // as the launcher runs it, if that can be
-    ::execv(program.c_str(), arguments.data());
-    std::cerr << "pello: " << script.name
-              << " could not be run: " << std::generic_category().message(errno) << '\n';
+    std::filesystem::current_path(plan.folder, elsewhere); // as the launcher does, if that can be
+    layout.execute();
+    std::cerr << "pello: " << script.name << " could not be run: "
+              << whyNotStarted(plan, KeeperReport::Outcome::noProgram, errno) << '\n';
     return kCannotRun;
+}
+
+/// What is to be said of a name that no script has.
+std::string whyNotFound(const std::string& name, const ScriptScan& scan) {
+    const auto problem = std::ranges::find_if(
+        scan.problems, [&](const auto& candidate) { return candidate.file.filename() == name; });
+    return problem != scan.problems.end() ? name + ": " + problem->reason
+                                          : "there is no script called \"" + name + '"';
 }
 
 } // namespace
@@ -70,10 +85,14 @@ int run(const ScriptsCommand& command) {
     }
     const ScriptCommand* script = scriptCalled(command.name, scan);
     if (script == nullptr) {
-        std::cerr << "pello: there is no script called \"" << command.name << "\"\n";
+        std::cerr << "pello: " << whyNotFound(command.name, scan) << '\n';
         return ExitStatus::kUsage;
     }
-    return become(*script, command.argument, ports.home);
+    if (script->argument == ScriptCommand::Argument::required && !command.argument) {
+        std::cerr << "pello: " << script->name << " needs an argument\n";
+        return ExitStatus::kUsage;
+    }
+    return become(*script, command.argument, ports);
 }
 
 } // namespace pello

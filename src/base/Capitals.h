@@ -5,8 +5,8 @@
 
 namespace pello {
 
-/// `utf8` with the first letter of each word in upper case and the others in lower case, as
-/// `locale` writes them (see ReadersLocale.h). Safe on any thread.
+/// `utf8` with the first letter of each word in upper case and what follows in lower case, as
+/// `locale` writes them (see ReadersLocale.h). White space divides words. Safe on any thread.
 [[nodiscard]] std::string capitalized(std::string_view utf8, std::string_view locale = {});
 
 } // namespace pello

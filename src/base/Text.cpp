@@ -361,6 +361,13 @@ bool isWhitespace(std::string_view character) {
     return !character.empty();
 }
 
+bool isShownAsEmoji(std::string_view utf8) {
+    constexpr std::string_view kEmojiStyle = "\uFE0F";
+    const auto first = firstScalar(utf8);
+    return utf8.find(kEmojiStyle) != std::string_view::npos ||
+           u_hasBinaryProperty(first, UCHAR_EMOJI_PRESENTATION) != 0;
+}
+
 bool containsWhitespace(std::string_view utf8) {
     bool found = false;
     forEachCharacter(utf8, [&](std::size_t begin, std::size_t end) {

@@ -64,6 +64,10 @@ namespace pello::text {
 [[nodiscard]] bool isNumber(std::string_view character);
 [[nodiscard]] bool isWhitespace(std::string_view character);
 
+/// Whether readers expect a picture for `utf8`: it begins with a scalar that is one by default
+/// (Emoji_Presentation), or asks for that style.
+[[nodiscard]] bool isShownAsEmoji(std::string_view utf8);
+
 /// Whether any character of `utf8` is white space.
 [[nodiscard]] bool containsWhitespace(std::string_view utf8);
 

@@ -16,7 +16,8 @@ namespace {
 std::string nameOfFile(const std::filesystem::path& url, std::string_view locale) {
     std::string name = text::wellFormed(url.stem().string());
     std::ranges::replace_if(name, [](char c) { return c == '-' || c == '_'; }, ' ');
-    return capitalized(text::trimmingBlanks(name), locale);
+    const std::string_view words = text::trimmingBlanks(name);
+    return words.empty() ? text::wellFormed(url.filename().string()) : capitalized(words, locale);
 }
 
 std::optional<std::string> keywordOf(const ScriptHeaderValues& values) {

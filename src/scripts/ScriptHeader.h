@@ -25,6 +25,11 @@ public:
     /// What stands for `key`, which is in lower case; nothing when no line says.
     [[nodiscard]] std::optional<std::string> value(std::string_view key) const;
 
+    /// Every value by its key.
+    [[nodiscard]] const std::map<std::string, std::string, std::less<>>& all() const {
+        return values_;
+    }
+
 private:
     void readComment(std::string_view comment);
 

@@ -16,14 +16,6 @@ namespace {
 constexpr std::int32_t kNotStartedStatus = 126;
 constexpr std::int32_t kSignalStatus = 128;
 
-std::string signalDetail(const ScriptOutput& output, const ProcessResult::Signalled& signal) {
-    const std::string sentence =
-        "Ended by signal " + std::to_string(signal.number) + " (" + signal.name + ").";
-    const bool isSilent = output.message().empty();
-    return isSilent ? sentence
-                    : output.failureDetail(kSignalStatus + signal.number) + "\n" + sentence;
-}
-
 Dialogs::Confirmation questionAbout(const ScriptCommand& command, std::string_view argument) {
     std::string message =
         "The script “" + command.url.filename().string() + "” asks before it runs.";
@@ -137,7 +129,8 @@ void ScriptRunner::tell(const Running& script, const ProcessResult& result) {
             around_.notifier.notify(script.command.name + " was stopped", output.message());
             return;
         }
-        fail(script, kSignalStatus + signal->number, signalDetail(output, *signal));
+        const int status = kSignalStatus + signal->number;
+        fail(script, status, output.failureDetail(status), "was ended by " + signal->name);
     } else if (const int status = std::get<ProcessResult::Exited>(result.end).status; status != 0) {
         fail(script, status, output.failureDetail(status));
     } else if (const std::string message = output.message(); !message.empty()) {
@@ -145,8 +138,9 @@ void ScriptRunner::tell(const Running& script, const ProcessResult& result) {
     }
 }
 
-void ScriptRunner::fail(const Running& script, std::int32_t status, std::string detail) {
-    around_.notifier.notify(script.command.name + " failed", detail);
+void ScriptRunner::fail(const Running& script, std::int32_t status, std::string detail,
+                        const std::string& what) {
+    around_.notifier.notify(script.command.name + ' ' + what, detail);
     around_.failures.record({.name = script.command.name,
                              .fileName = script.command.url.filename().string(),
                              .status = status,

@@ -85,7 +85,9 @@ private:
     void start(Job& job, const EnvironmentVariables& environment);
     void finish(std::uint64_t id, const ProcessResult& result);
     void tell(const Running& script, const ProcessResult& result);
-    void fail(const Running& script, std::int32_t status, std::string detail);
+    /// `what` happened, for the notification's title.
+    void fail(const Running& script, std::int32_t status, std::string detail,
+              const std::string& what = "failed");
     [[nodiscard]] Job* find(std::uint64_t id);
 
     Surroundings around_;

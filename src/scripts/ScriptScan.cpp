@@ -2,11 +2,13 @@
 
 #include "base/Collation.h"
 #include "scripts/ScriptHeader.h"
+#include "scripts/ScriptHeaderDoubts.h"
 
 #include <algorithm>
 #include <fstream>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace pello {
 namespace {
@@ -22,7 +24,7 @@ std::vector<fs::path> visibleFiles(const fs::path& folder) {
     for (; !error && next != fs::directory_iterator(); next.increment(error)) {
         const bool isHidden = next->path().filename().native().starts_with('.');
         std::error_code unreadable;
-        if (!isHidden && next->is_regular_file(unreadable)) {
+        if (!isHidden && (next->is_regular_file(unreadable) || next->is_symlink(unreadable))) {
             files.push_back(next->path());
         }
     }
@@ -47,6 +49,10 @@ public:
     Scan(const FileAccess& access, std::string_view locale) : access_(access), locale_(locale) {}
 
     void consider(const fs::path& file) {
+        std::error_code error;
+        if (fs::is_symlink(file, error) && !follow(file)) {
+            return;
+        }
         if (!access_.canExecute(file)) {
             complain(file, "it is not executable");
             return;
@@ -60,10 +66,8 @@ public:
         if (header.empty() && !bytes->empty()) {
             complain(file, "its header is not UTF-8 text, and is ignored");
         }
-        const auto values = ScriptHeaderValues::of(header);
-        if (const auto keyword = values.value("keyword");
-            keyword && keyword->find(' ') != std::string::npos) {
-            complain(file, "its keyword contains a space, and is ignored");
+        for (std::string& doubt : scriptHeaderDoubts(ScriptHeaderValues::of(header))) {
+            complain(file, std::move(doubt));
         }
         found.commands.push_back(ScriptCommand::parse(header, file, locale_));
     }
@@ -71,8 +75,23 @@ public:
     ScriptScan found;
 
 private:
-    void complain(const fs::path& file, const char* reason) {
-        found.problems.push_back({.file = file, .reason = reason});
+    /// Whether a link leads to a file; folders are none, as elsewhere.
+    bool follow(const fs::path& link) {
+        std::error_code error;
+        const fs::path target = fs::canonical(link, error);
+        if (error) {
+            complain(link, "it leads nowhere");
+            return false;
+        }
+        if (!fs::is_regular_file(target, error)) {
+            return false;
+        }
+        found.linkedFolders.push_back(target.parent_path());
+        return true;
+    }
+
+    void complain(const fs::path& file, std::string reason) {
+        found.problems.push_back({.file = file, .reason = std::move(reason)});
     }
 
     const FileAccess& access_;
@@ -87,6 +106,9 @@ ScriptScan ScriptScan::of(const fs::path& folder, const FileAccess& access,
     for (const fs::path& file : visibleFiles(folder)) {
         scan.consider(file);
     }
+    std::vector<fs::path>& folders = scan.found.linkedFolders;
+    std::ranges::sort(folders);
+    folders.erase(std::ranges::unique(folders).begin(), folders.end());
     const Collation collation(locale);
     std::ranges::stable_sort(scan.found.commands, [&](const auto& left, const auto& right) {
         return collation.compare(left.name, right.name) < 0;

@@ -23,6 +23,8 @@ struct ScriptScan {
     std::vector<ScriptCommand> commands;
     /// By file.
     std::vector<Problem> problems;
+    /// The folders of the files that links among them lead to, each once.
+    std::vector<std::filesystem::path> linkedFolders;
 
     /// The files in `folder` that the user may execute, hidden ones left out, with names as
     /// `locale` capitalises them (see ReadersLocale.h). Makes the folder where it is missing. Empty

@@ -70,6 +70,7 @@ void ScriptsIndex::publish(Published published) {
     found_ = std::move(published.found);
     items_ = std::move(published.items);
     isScanning_ = false;
+    watchLinkedFolders();
     if (!watching_) { // it was missing when the scan began
         watchFolder();
         scheduleRescan();
@@ -82,6 +83,18 @@ void ScriptsIndex::publish(Published published) {
 void ScriptsIndex::watchFolder() {
     if (!watching_) {
         watching_ = watcher_.watch(directory_, [this] { scheduleRescan(); });
+    }
+}
+
+/// An edit of a file that a link leads to is none of this folder.
+void ScriptsIndex::watchLinkedFolders() {
+    if (linkedFolders_ == found_.linkedFolders) {
+        return;
+    }
+    linkedFolders_ = found_.linkedFolders;
+    watchingLinked_.clear();
+    for (const std::filesystem::path& folder : linkedFolders_) {
+        watchingLinked_.push_back(watcher_.watch(folder, [this] { scheduleRescan(); }));
     }
 }
 

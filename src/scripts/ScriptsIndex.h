@@ -76,6 +76,7 @@ private:
 
     void publish(Published published);
     void watchFolder();
+    void watchLinkedFolders();
     void scheduleRescan();
 
     MainLoop& loop_;
@@ -87,6 +88,8 @@ private:
     std::shared_ptr<const PreparedList> items_;
     bool isScanning_ = false;
     Subscription watching_;
+    std::vector<std::filesystem::path> linkedFolders_;
+    std::vector<Subscription> watchingLinked_;
     Subscription debounce_;
     LatestOnly scans_;
 };

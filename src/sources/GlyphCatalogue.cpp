@@ -168,7 +168,7 @@ std::vector<SearchResult> GlyphCatalogue::browsable(const UsageStore& usage) con
         learned.insert(row.item.get());
     }
     for (const auto& list : glyphs) {
-        for (std::size_t i = 0; i < list->items().size() && rows.size() < kMaximumResults; ++i) {
+        for (std::size_t i = 0; i < list->items().size(); ++i) {
             if (!learned.contains(&list->items()[i])) {
                 rows.push_back({.item = list->ref(i), .score = 0, .titleMatches = {}});
             }

@@ -109,6 +109,15 @@ TEST_F(CommandsTest, ScriptsAreListedRunAndComplainedAbout) {
     EXPECT_EQ(run.status, 7);
     EXPECT_THAT(run.output, StartsWith("<a  b>\n" + home.path().string()));
     EXPECT_EQ(pello({"scripts", "run", "nobody"}).status, 2);
+    EXPECT_EQ(pello({"scripts", "run", "plain"}).complaint, "pello: plain: it is not executable\n");
+    std::filesystem::permissions(
+        home.write("data/Pello/Scripts/odd", "#!/no/such\n# pello.argument: required\n"),
+        std::filesystem::perms(0700));
+    EXPECT_EQ(pello({"scripts", "run", "odd"}).complaint, "pello: Odd needs an argument\n");
+    const Outcome odd = pello({"scripts", "run", "odd", "x"});
+    EXPECT_EQ(odd.status, 126);
+    EXPECT_EQ(odd.complaint,
+              "pello: Odd could not be run: its interpreter “/no/such” does not exist\n");
     EXPECT_THAT(pello({"query", "hi there", "--limit", "1"}).output,
                 StartsWith("Greet: there\tgreet.sh\n"));
 }

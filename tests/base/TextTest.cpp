@@ -125,6 +125,11 @@ TEST(TextTest, LettersAndNumbersByTheFirstScalar) {
     EXPECT_TRUE(isNumber("٣"));
     EXPECT_TRUE(isNumber("½"));
     EXPECT_FALSE(isNumber("a"));
+    EXPECT_TRUE(isShownAsEmoji("😌"));
+    EXPECT_TRUE(isShownAsEmoji("☝\uFE0F"));
+    EXPECT_FALSE(isShownAsEmoji("☝")) << "a text character by default";
+    EXPECT_FALSE(isShownAsEmoji("⌘"));
+    EXPECT_FALSE(isShownAsEmoji(""));
     EXPECT_TRUE(containsLetterOrNumber("--7--"));
     EXPECT_FALSE(containsLetterOrNumber("…—"));
 }

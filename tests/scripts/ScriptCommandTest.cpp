@@ -76,6 +76,8 @@ TEST(ScriptCommandTest, AFileWithoutANameIsCalledAfterItself) {
     EXPECT_EQ(nameOf("/s/ÄRGER.py"), "Ärger");
     EXPECT_EQ(nameOf("/s/-_x_-"), "X");
     EXPECT_EQ(nameOf("/s/a.b.c"), "A.b");
+    EXPECT_EQ(nameOf("/s/3d_(PRINT)-don't.sh"), "3D (Print) Don't");
+    EXPECT_EQ(nameOf("/s/_-.sh"), "_-.sh") << "a row has a title";
     EXPECT_EQ(ScriptCommand::parse("", "/s/istanbul", "tr_TR").name, "İstanbul");
 }
 

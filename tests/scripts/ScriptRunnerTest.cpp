@@ -91,8 +91,7 @@ TEST_F(ScriptRunnerTest, EveryFailureIsKeptAndTold) {
                     .errorOutput = "at work\n"});
     runEnding("e", {.end = ProcessResult::Failed{"it is not executable"}});
     EXPECT_THAT(failures(), ElementsAre("e|126|Could not be run: it is not executable.",
-                                        "d|137|at work\nEnded by signal 9 (SIGKILL).",
-                                        "c|139|Ended by signal 11 (SIGSEGV).",
+                                        "d|137|at work", "c|139|Exited with status 139.",
                                         "b|1|Exited with status 1.", "a|2|no such host"));
     EXPECT_EQ(log.failures().front().date, Date{1000});
     ASSERT_EQ(notifier.notifications.size(), 5U);

@@ -74,15 +74,25 @@ TEST_F(ScriptsIndexTest, ListsExecutableFilesByNameAndSaysWhatIsWrongWithOthers)
     folder.makeFolder("Scripts/folder");
     fs::create_symlink("a", directory / "link");
     fs::create_symlink("nowhere", directory / "broken");
+    fs::create_symlink("folder", directory / "way");
+    addScript("odd", "# pello.argument: maybe\n# pello.confirm: on\n# pello.names: x\n");
     scan();
-    EXPECT_THAT(names(), ElementsAre("A", "Day", "élan", "Latin", "Link", "Spaced"));
-    EXPECT_THAT(index.problems(),
-                ElementsAre(ScriptScan::Problem{directory / "latin",
-                                                "its header is not UTF-8 text, and is ignored"},
-                            ScriptScan::Problem{directory / "others", "it is not executable"},
-                            ScriptScan::Problem{directory / "plain", "it is not executable"},
-                            ScriptScan::Problem{directory / "spaced",
-                                                "its keyword contains a space, and is ignored"}));
+    EXPECT_THAT(names(), ElementsAre("A", "Day", "élan", "Latin", "Link", "Odd", "Spaced"));
+    EXPECT_THAT(
+        index.problems(),
+        ElementsAre(
+            ScriptScan::Problem{directory / "broken", "it leads nowhere"},
+            ScriptScan::Problem{directory / "latin",
+                                "its header is not UTF-8 text, and is ignored"},
+            ScriptScan::Problem{directory / "odd",
+                                "its argument “maybe” is neither none, optional nor required"},
+            ScriptScan::Problem{directory / "odd", "its confirm “on” is neither true nor false"},
+            ScriptScan::Problem{directory / "odd",
+                                "its line “pello.names” is not known, and is ignored"},
+            ScriptScan::Problem{directory / "others", "it is not executable"},
+            ScriptScan::Problem{directory / "plain", "it is not executable"},
+            ScriptScan::Problem{directory / "spaced",
+                                "its keyword contains a space, and is ignored"}));
 }
 
 TEST_F(ScriptsIndexTest, AnItemRunsItsCommandOrAsksForTheArgument) {
@@ -126,6 +136,20 @@ TEST_F(ScriptsIndexTest, MakesTheFolderAndScansAgainWhenItHasBeenQuiet) {
     loop.settle();
     EXPECT_THAT(names(), IsEmpty());
     EXPECT_TRUE(fs::is_directory(directory)) << "made again";
+}
+
+TEST_F(ScriptsIndexTest, AnEditBehindALinkCounts) {
+    const fs::path file = folder.write("elsewhere/tool", "# pello.name: Before\n");
+    fs::permissions(file, fs::perms(0700));
+    fs::create_directories(directory);
+    fs::create_symlink(file, directory / "link");
+    scan();
+    EXPECT_THAT(names(), ElementsAre("Before"));
+    folder.write("elsewhere/tool", "# pello.name: After\n");
+    watcher.touch(file.parent_path());
+    loop.advance(300ms);
+    loop.settle();
+    EXPECT_THAT(names(), ElementsAre("After"));
 }
 
 TEST_F(ScriptsIndexTest, TheSampleIsWrittenOnceAndIsACommand) {

@@ -103,7 +103,8 @@ TEST_F(GlyphCatalogueTest, BrowsingShowsTheLearnedOnesFirstAndTheRestInOrder) {
     usage.record("glyph:1f525", "");
     usage.record("glyph:1f525", "");
     const auto browsed = found("");
-    ASSERT_THAT(browsed, SizeIs(GlyphCatalogue::kMaximumResults));
+    ASSERT_GT(browsed.size(), 2200U) << "all of them can be walked through";
+    EXPECT_EQ(std::ranges::count(browsed, "🔥"), 1);
     EXPECT_THAT(std::vector(browsed.begin(), browsed.begin() + 4),
                 ElementsAre("🔥", "⌘", "😀", "😃"));
 }

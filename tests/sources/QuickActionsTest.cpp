@@ -1,5 +1,6 @@
 #include "sources/QuickActions.h"
 
+#include "platform/memory/MemoryFileAccess.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryLoginItem.h"
 #include "platform/memory/MemoryMainLoop.h"
@@ -75,7 +76,8 @@ TEST_F(QuickActionsTest, AScriptStandsBetweenBangAndAnswer) {
     }
     std::string ran;
     MemoryFolderWatcher watcher;
-    ScriptsIndex scripts(loop, watcher, folder.path(),
+    const MemoryFileAccess access;
+    ScriptsIndex scripts(loop, watcher, access, folder.path(),
                          [&](const ScriptCommand& command, std::string_view argument) {
                              ran = command.name + '|' + std::string(argument);
                          });

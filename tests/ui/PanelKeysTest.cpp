@@ -87,7 +87,8 @@ TEST_F(PanelKeysTest, FailuresStandBelowTheResultsAndDeleteDismissesThem) {
     press(Qt::Key_Delete);
     ASSERT_EQ(failures.failures().size(), 1U);
     EXPECT_EQ(failures.failures()[0].name, "Sync");
-    press(Qt::Key_Down);
+    EXPECT_EQ(panel.failures().selection(), 0) << "what is next can be dismissed too";
+    press(Qt::Key_Tab);
     press(Qt::Key_Up);
     EXPECT_EQ(panel.failures().selection(), std::nullopt);
     EXPECT_EQ(controller.selection(), 1);
@@ -96,6 +97,9 @@ TEST_F(PanelKeysTest, FailuresStandBelowTheResultsAndDeleteDismissesThem) {
     EXPECT_EQ(panel.failures().selection(), std::nullopt) << "who types is about the results";
     EXPECT_EQ(panel.list().currentIndex().row(), 1);
     EXPECT_EQ(failures.failures().size(), 1U);
+    press(Qt::Key_Down);
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_THAT(launcher.workspace.revealed, ElementsAre(launcher.folder.path() / "Scripts/sync"));
 }
 
 TEST_F(PanelKeysTest, AFailureOpensWithReturnToBeReadWhole) {

@@ -26,9 +26,9 @@ TEST(TrayIconTest, ItsMenuListsTheFailuresThatAreNotDismissed) {
     TrayIcon icon(launcher.controller, failures);
     EXPECT_THAT(texts(icon.menu()),
                 ElementsAre("Open Pello", "Write a Sample Script", "Quit Pello"));
-    failures.record({.name = "Backup", .fileName = "b", .status = 1, .detail = "x"});
+    failures.record({.name = "R&D", .fileName = "b", .status = 1, .detail = "x"});
     EXPECT_THAT(texts(icon.menu()),
-                ElementsAre("Open Pello", "Backup failed", "Write a Sample Script", "Quit Pello"));
+                ElementsAre("Open Pello", "R&&D failed", "Write a Sample Script", "Quit Pello"));
     failures.dismiss(ScriptFailure(failures.failures().front()));
     EXPECT_THAT(texts(icon.menu()),
                 ElementsAre("Open Pello", "Write a Sample Script", "Quit Pello"));

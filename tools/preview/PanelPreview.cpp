@@ -1,17 +1,24 @@
-/// Shows the real panel over a desktop in memory, for looking at it: glyphs, answers, failures and
-/// notices, in the appearance that the arguments ask for.
+/// Shows the real panel over a desktop in memory, for looking at it: applications, glyphs,
+/// answers, failures and notices, in the appearance that the arguments ask for.
 
-#include "core/controller/PelloController.h"
+#include "app/Launcher.h"
 #include "platform/linux/X11Compositor.h"
 #include "platform/memory/MemoryAddressHandlers.h"
 #include "platform/memory/MemoryBundleReader.h"
+#include "platform/memory/MemoryDialogs.h"
+#include "platform/memory/MemoryFileAccess.h"
 #include "platform/memory/MemoryFolderWatcher.h"
 #include "platform/memory/MemoryKeystrokes.h"
+#include "platform/memory/MemoryLog.h"
+#include "platform/memory/MemoryLoginEnvironment.h"
 #include "platform/memory/MemoryLoginItem.h"
+#include "platform/memory/MemoryNotifier.h"
 #include "platform/memory/MemoryPasteboard.h"
+#include "platform/memory/MemoryProcesses.h"
 #include "platform/memory/MemoryUserDefaults.h"
 #include "platform/memory/MemoryWorkspace.h"
 #include "platform/qt/QtMainLoop.h"
+#include "support/TemporaryFolder.h"
 #include "ui/icons/IconLoader.h"
 #include "ui/panel/PanelWindow.h"
 
@@ -30,6 +37,56 @@ void makeDark() {
     QApplication::setPalette(dark);
 }
 
+/// A desktop with a few applications that nothing can be done to.
+class Desktop {
+public:
+    void install(const std::vector<std::string>& names) {
+        for (const std::string& name : names) {
+            const auto bundle = folder.makeFolder("Applications/" + name + ".app");
+            bundles.descriptions[bundle] = {.name = name};
+        }
+    }
+
+    Platform ports() {
+        return {.loop = loop,
+                .defaults = defaults,
+                .watcher = watcher,
+                .fileAccess = fileAccess,
+                .bundles = bundles,
+                .workspace = workspace,
+                .addressHandlers = addressHandlers,
+                .pasteboard = pasteboard,
+                .keystrokes = keystrokes,
+                .dialogs = dialogs,
+                .notifier = notifier,
+                .processes = processes,
+                .loginEnvironment = loginEnvironment,
+                .loginItem = loginItem,
+                .log = log,
+                .home = folder.path(),
+                .scripts = folder.path() / "Scripts"};
+    }
+
+    QtMainLoop loop;
+
+private:
+    TemporaryFolder folder;
+    MemoryUserDefaults defaults;
+    MemoryFolderWatcher watcher;
+    MemoryFileAccess fileAccess;
+    MemoryBundleReader bundles{"app", {folder.makeFolder("Applications")}};
+    MemoryWorkspace workspace;
+    MemoryAddressHandlers addressHandlers;
+    MemoryPasteboard pasteboard;
+    MemoryKeystrokes keystrokes;
+    MemoryDialogs dialogs;
+    MemoryNotifier notifier;
+    MemoryProcesses processes{loop};
+    MemoryLoginEnvironment loginEnvironment;
+    MemoryLoginItem loginItem;
+    MemoryLog log;
+};
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -46,45 +103,18 @@ int main(int argc, char** argv) {
         makeDark();
     }
 
-    QtMainLoop loop;
-    MemoryUserDefaults defaults;
-    MemoryLoginItem loginItem;
-    PelloSettings settings(defaults, loginItem);
-    settings.fontSize.set(options.value("font-size").toDouble());
-    settings.usesGlass.set(!options.isSet("opaque"));
-    UsageStore usage(defaults, loop);
-    QueryHistory history(defaults);
-    MemoryBundleReader bundles;
-    MemoryFolderWatcher watcher;
-    MemoryWorkspace workspace;
-    AppIndexer indexer(loop, watcher, bundles, workspace, {});
-    const MemoryAddressHandlers handlers;
-    MemoryPasteboard pasteboard;
-    AliasIndex aliases(loop, handlers, workspace);
-    ScriptsIndex scripts(loop, watcher, {}, nullptr);
-    QuickActions quickActions(loop, workspace, pasteboard);
-    quickActions.prepare({});
-    MemoryKeystrokes keystrokes;
-    SystemActions actions(loop, pasteboard, keystrokes);
-    GlyphCatalogue glyphs(loop, actions);
-    glyphs.prepare();
-    PelloController controller({.settings = settings,
-                                .indexer = indexer,
-                                .aliases = aliases,
-                                .scripts = scripts,
-                                .quickActions = quickActions,
-                                .usage = usage,
-                                .queryHistory = history,
-                                .loop = loop,
-                                .workspace = workspace,
-                                .pasteboard = pasteboard,
-                                .bundles = bundles,
-                                .glyphs = glyphs});
+    Desktop desktop;
+    desktop.install({"Calculator", "Calendar", "Files", "Firefox", "Terminal", "Text Editor"});
+    Launcher launcher(desktop.ports());
+    launcher.settings().fontSize.set(options.value("font-size").toDouble());
+    launcher.settings().usesGlass.set(!options.isSet("opaque"));
+    PelloController& controller = launcher.controller();
+    controller.reindex();
     const std::vector<std::string> themes{"Adwaita"};
-    IconLoader icons(loop, nullptr,
+    IconLoader icons(desktop.loop, nullptr,
                      std::make_shared<const IconTheme>(themes, IconTheme::standardRoots()));
     const X11Compositor compositor;
-    ScriptFailureLog failures;
+    ScriptFailureLog& failures = launcher.scriptFailures();
     if (options.isSet("failure")) {
         failures.record({.name = "Backup",
                          .fileName = "backup",

@@ -75,7 +75,7 @@ void PelloController::setSelection(int row) {
 }
 
 std::optional<std::string> PelloController::inlineCompletion() const {
-    if (selection_ != 0 || results_.empty()) {
+    if (prompted_ || selection_ != 0 || results_.empty()) {
         return std::nullopt;
     }
     return completion(query_, results_.front().item->title);
@@ -135,10 +135,11 @@ std::optional<std::string> PelloController::argumentPrompt() const {
     return prompted_ ? std::optional(prompted_->name) : std::nullopt;
 }
 
-/// The user types the argument behind the keyword, or where there is none, by itself.
+/// The user types the argument behind the keyword, or where that means something else, by itself.
 void PelloController::askForArgument(const ScriptCommand& command) {
-    show(command.keyword ? *command.keyword + ' ' : "");
-    if (!command.keyword) {
+    const bool isUnderstood = command.keyword && search_.finds(command, *command.keyword);
+    show(isUnderstood ? *command.keyword + ' ' : "");
+    if (!isUnderstood) {
         const Change change(*this);
         prompted_ = command;
         announce();

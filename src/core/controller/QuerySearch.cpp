@@ -1,5 +1,6 @@
 #include "core/controller/QuerySearch.h"
 
+#include "scripts/ScriptItem.h"
 #include "search/SearchEngine.h"
 
 #include <unordered_set>
@@ -24,6 +25,12 @@ std::vector<SearchResult> QuerySearch::results(std::string_view query) const {
                                          parts_.settings.maximumResults.get());
     showRunning(results);
     return results;
+}
+
+bool QuerySearch::finds(const ScriptCommand& command, const std::string& keyword) const {
+    const std::string argument = "x";
+    const auto found = results(keyword + ' ' + argument);
+    return !found.empty() && found.front().item->id == ScriptItem::id(command, argument);
 }
 
 /// A script that runs with an argument has a row of its own, which is the same one as that of the

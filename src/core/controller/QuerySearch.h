@@ -22,6 +22,10 @@ public:
     /// The rows for `query`, best first.
     [[nodiscard]] std::vector<SearchResult> results(std::string_view query) const;
 
+    /// Whether an argument that is typed behind `keyword` is one for `command`: nothing else takes
+    /// what begins like this.
+    [[nodiscard]] bool finds(const ScriptCommand& command, const std::string& keyword) const;
+
     /// The items of a normal search, one list per source, in the order that breaks ties.
     [[nodiscard]] Catalogue catalogue() const;
 

@@ -50,6 +50,17 @@ void paintText(QPainter& painter, const QRectF& area, const QString& text, QFont
     painter.drawText(area, Qt::AlignCenter | Qt::TextDontClip, text);
 }
 
+/// Some text fonts have emoji too, in black.
+QFont fontFor(const std::string& text, QFont font) {
+    if (text::isShownAsEmoji(text)) {
+        static const QStringList kEmojiFamilies = {
+            QStringLiteral("Noto Color Emoji"), QStringLiteral("Apple Color Emoji"),
+            QStringLiteral("Twitter Color Emoji"), QStringLiteral("JoyPixels")};
+        font.setFamilies(kEmojiFamilies + font.families());
+    }
+    return font;
+}
+
 void paintLetter(QPainter& painter, const QRect& area, const QString& letter, QFont font) {
     painter.setPen(Qt::white);
     font.setWeight(QFont::DemiBold);
@@ -103,7 +114,7 @@ void IconPainter::paint(QPainter& painter, const QRect& area, const LaunchItem& 
         paintSymbol(painter, area, *symbol, font);
     } else if (const auto* text = std::get_if<LaunchItem::TextIcon>(&item.icon)) {
         painter.setPen(textColor);
-        paintText(painter, area, toText(text->text), font, kTextIconSize);
+        paintText(painter, area, toText(text->text), fontFor(text->text, font), kTextIconSize);
     }
     painter.restore();
 }

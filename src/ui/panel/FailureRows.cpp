@@ -42,9 +42,12 @@ void FailureRows::setFailures(const std::vector<ScriptFailure>& failures) {
     failures_ = failures;
     const auto found = std::ranges::find_if(
         failures_, [&](const ScriptFailure& failure) { return failure.id == id; });
-    selection_ = found != failures_.end()
-                     ? std::optional(static_cast<int>(found - failures_.begin()))
-                     : std::nullopt;
+    if (found != failures_.end()) {
+        selection_ = static_cast<int>(found - failures_.begin());
+    } else if (selection_) {
+        const int last = count() - 1;
+        selection_ = last >= 0 ? std::optional(std::min(*selection_, last)) : std::nullopt;
+    }
     QStringList spoken;
     for (const ScriptFailure& failure : failures_) {
         spoken << lineOf(title(failure) + ": " + firstLine(failure));
@@ -77,6 +80,10 @@ bool FailureRows::openSelected() {
 
 bool FailureRows::dismissSelected() {
     return tell(onDismiss);
+}
+
+bool FailureRows::revealSelected() {
+    return tell(onReveal);
 }
 
 bool FailureRows::tell(const std::function<void(const ScriptFailure&)>& action) {

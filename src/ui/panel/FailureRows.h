@@ -19,7 +19,8 @@ public:
     /// `style` must outlive the rows.
     explicit FailureRows(const PanelStyle& style);
 
-    /// Shows `failures`; hidden without any. A selected one stays selected while it is there.
+    /// Shows `failures`; hidden without any. A selected one stays selected while it is there, and
+    /// is followed by the one that takes its place.
     void setFailures(const std::vector<ScriptFailure>& failures);
 
     /// How high the rows are; 0 without failures.
@@ -31,13 +32,16 @@ public:
     [[nodiscard]] std::optional<int> selection() const { return selection_; }
     void select(std::optional<int> row);
 
-    /// What Return and Delete do. False when no row is selected.
+    /// What the keys do. False when no row is selected.
     bool openSelected();
     bool dismissSelected();
+    bool revealSelected();
 
     /// The user wants to read a failure, or to be rid of it.
     std::function<void(const ScriptFailure&)> onOpen;
     std::function<void(const ScriptFailure&)> onDismiss;
+    /// The user wants to see the script.
+    std::function<void(const ScriptFailure&)> onReveal;
     /// Another row is selected, or none.
     std::function<void()> onSelect;
 

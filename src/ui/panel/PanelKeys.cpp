@@ -56,7 +56,7 @@ bool PanelKeys::run() {
 }
 
 bool PanelKeys::runOtherwise() {
-    if (!controller_.offerVariants()) {
+    if (!failures_.selection() && !controller_.offerVariants()) {
         controller_.runAgain();
     }
     return true;
@@ -138,7 +138,9 @@ bool PanelKeys::toLast() {
 }
 
 bool PanelKeys::complete() {
-    controller_.acceptCompletion();
+    if (!failures_.selection()) {
+        controller_.acceptCompletion();
+    }
     return true;
 }
 
@@ -177,13 +179,15 @@ bool PanelKeys::leavePrompt() {
 }
 
 bool PanelKeys::reveal() {
-    controller_.revealSelection();
+    if (!failures_.revealSelected()) {
+        controller_.revealSelection();
+    }
     return true;
 }
 
 /// Selected text is what the user wants to copy, if there is any.
 bool PanelKeys::copy() {
-    return !field_.hasSelectedText() && controller_.copySelection();
+    return !field_.hasSelectedText() && !failures_.selection() && controller_.copySelection();
 }
 
 bool PanelKeys::runRow(int row) {

@@ -74,6 +74,10 @@ void PanelWindow::connectParts() {
         controller_.runSelection();
     };
     failureRows_.onOpen = [this](const ScriptFailure& failure) { openFailure(failure); };
+    failureRows_.onReveal = [this](const ScriptFailure& failure) {
+        controller_.hide();
+        controller_.revealScript(failure.fileName);
+    };
     failureRows_.onDismiss = [this](const ScriptFailure& failure) { failures_.dismiss(failure); };
     failureRows_.onSelect = [this] { refresh(); };
     subscriptions_.push_back(failures_.changed.connect([this] { refresh(); }));

@@ -27,6 +27,10 @@ public:
     }
 };
 
+/// In UTF-16 units; the toolkit's own limit cuts what is pasted without a word. More than the
+/// system takes as an argument.
+constexpr int kLongestText = 1'000'000;
+
 std::string toUtf8(const QString& text) {
     return text.toUtf8().toStdString();
 }
@@ -38,6 +42,7 @@ SearchField::SearchField(const PanelStyle& style) : style_(style) {
     ownStyle->setParent(this);
     setStyle(ownStyle);
     setFrame(false);
+    setMaxLength(kLongestText);
     setAccessibleName(QStringLiteral("Search"));
     setAccessibleDescription(QStringLiteral("Search or type a command"));
     restyle();

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <iomanip>
 #include <istream>
@@ -11,6 +12,9 @@
 
 namespace pello {
 namespace {
+
+/// As many as fit into a terminal's window.
+constexpr std::size_t kRowsAtOnce = 20;
 
 /// The row that `line` names, counted from 0; nothing when it is not a plain number of one.
 std::optional<int> rowNumber(std::string_view line, std::size_t rows) {
@@ -75,13 +79,17 @@ void TerminalFrontEnd::runRow(int row) {
 
 void TerminalFrontEnd::showRows() {
     int number = 0;
-    for (const SearchResult& result : controller_.results()) {
+    const auto all = controller_.results();
+    for (const SearchResult& result : all.first(std::min(all.size(), kRowsAtOnce))) {
         ++number;
         output_ << std::setw(2) << number << "  " << result.item->title;
         if (const auto& subtitle = result.item->subtitle; subtitle) {
             output_ << "  (" << *subtitle << ')';
         }
         output_ << '\n';
+    }
+    if (all.size() > kRowsAtOnce) {
+        output_ << "and " << all.size() - kRowsAtOnce << " more\n";
     }
     if (number == 0 && !controller_.query().empty()) {
         output_ << "Nothing matches.\n";

@@ -4,6 +4,7 @@
 #include "ui/tray/FailureDialog.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QPainter>
 #include <QPalette>
 
@@ -19,6 +20,7 @@ TrayIcon::TrayIcon(PelloController& controller, ScriptFailureLog& failures)
     : controller_(controller),
       failures_(failures),
       changing_(failures.changed.connect([this] { refresh(); })) {
+    menu_.installEventFilter(this);
     icon_.setContextMenu(&menu_);
     icon_.setToolTip(QStringLiteral("Pello"));
     QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
@@ -33,18 +35,33 @@ TrayIcon::TrayIcon(PelloController& controller, ScriptFailureLog& failures)
 
 void TrayIcon::refresh() {
     const auto& failures = failures_.failures();
-    icon_.setIcon(drawn(!failures.empty(), QApplication::palette().color(QPalette::WindowText)));
+    redraw();
     menu_.clear();
     menu_.addAction(QStringLiteral("Open Pello"), &menu_, [this] { controller_.show(); });
     menu_.addSeparator();
     for (const ScriptFailure& failure : failures) {
-        menu_.addAction(lineOf(failure.name + " failed"), &menu_,
+        QString line = lineOf(failure.name + " failed");
+        line.replace(QLatin1Char('&'), QLatin1String("&&")); // it would underline the next letter
+        menu_.addAction(line, &menu_,
                         [this, failure] { showFailure(failure, controller_, failures_); });
     }
     menu_.addSeparator();
     menu_.addAction(QStringLiteral("Write a Sample Script"), &menu_,
                     [this] { controller_.writeSampleScript(); });
     menu_.addAction(QStringLiteral("Quit Pello"), &menu_, [] { QApplication::quit(); });
+}
+
+void TrayIcon::redraw() {
+    icon_.setIcon(
+        drawn(!failures_.failures().empty(), QApplication::palette().color(QPalette::WindowText)));
+}
+
+/// The menu hears of the desktop's colours, which the icon is drawn in.
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        redraw();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 QIcon TrayIcon::drawn(bool isMarked, const QColor& colour) {

@@ -12,7 +12,7 @@ namespace pello {
 
 /// Pello in the desktop's tray: opens the panel, and is marked while a failure of a script has not
 /// been dismissed. Desktops without a tray do not show it.
-class TrayIcon {
+class TrayIcon final : public QObject {
 public:
     /// Both must outlive the icon.
     TrayIcon(PelloController& controller, ScriptFailureLog& failures);
@@ -23,8 +23,12 @@ public:
     /// What a click with the other button opens.
     [[nodiscard]] QMenu& menu() { return menu_; }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void refresh();
+    void redraw();
 
     PelloController& controller_;
     ScriptFailureLog& failures_;
