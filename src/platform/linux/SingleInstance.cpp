@@ -17,20 +17,43 @@ namespace {
 // The sticky bit tells those who clean the folder of runtime files that this one is in use.
 constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_ISVTX;
 
-struct flock wholeFile() {
+/// What the two bytes of the file stand for.
+constexpr off_t kRunning = 0;
+constexpr off_t kWaiting = 1;
+
+struct flock lockOn(off_t byte, int type) {
     struct flock range = {};
-    range.l_type = F_WRLCK;
+    range.l_type = static_cast<short>(type);
     range.l_whence = SEEK_SET;
+    range.l_start = byte;
+    range.l_len = 1;
     return range;
 }
 
 bool tryLock(int file) {
-    struct flock range = wholeFile();
+    struct flock range = lockOn(kRunning, F_WRLCK);
     return ::fcntl(file, F_SETLK, &range) == 0;
 }
 
+/// Tells the others, as long as this object lives, that somebody waits: several may.
+class Waiting {
+public:
+    explicit Waiting(int file) : file_(file) { set(F_RDLCK); }
+    ~Waiting() { set(F_UNLCK); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+private:
+    void set(int type) const {
+        struct flock range = lockOn(kWaiting, type);
+        ::fcntl(file_, F_SETLK, &range);
+    }
+
+    int file_;
+};
+
 std::optional<pid_t> holder(int file) {
-    struct flock range = wholeFile();
+    struct flock range = lockOn(kRunning, F_WRLCK);
     if (::fcntl(file, F_GETLK, &range) != 0 || range.l_type == F_UNLCK) {
         return std::nullopt;
     }
@@ -77,6 +100,7 @@ std::string SingleInstance::takeOver(std::chrono::milliseconds patience) {
     if (!file_) {
         return problem_;
     }
+    const Waiting waiting(file_.number());
     while (!tryLock(file_.number())) {
         if (errno != EACCES && errno != EAGAIN && errno != EINTR) {
             return "cannot lock the file that keeps launchers apart" + reason();
@@ -96,6 +120,11 @@ std::string SingleInstance::takeOver(std::chrono::milliseconds patience) {
         }
     }
     return {};
+}
+
+bool SingleInstance::isAwaited() const {
+    struct flock range = lockOn(kWaiting, F_WRLCK);
+    return ::fcntl(file_.number(), F_GETLK, &range) == 0 && range.l_type != F_UNLCK;
 }
 
 } // namespace pello

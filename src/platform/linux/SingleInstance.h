@@ -23,6 +23,9 @@ public:
     /// lock is held then, else a sentence that says why it is not.
     [[nodiscard]] std::string takeOver(std::chrono::milliseconds patience);
 
+    /// Whether another process waits to take over from this one.
+    [[nodiscard]] bool isAwaited() const;
+
 private:
     FileDescriptor file_;
     std::string problem_;

@@ -22,7 +22,7 @@ constexpr milliseconds kShort{20};
 class SingleInstanceTest : public testing::Test {
 protected:
     /// A process that takes the lock over and then does `next`; returns once it holds the lock.
-    pid_t startHolder(const std::function<void()>& next) const {
+    pid_t startHolder(const std::function<void(const SingleInstance&)>& next) const {
         std::array<int, 2> report{};
         EXPECT_EQ(::pipe(report.data()), 0);
         const pid_t child = ::fork();
@@ -30,7 +30,7 @@ protected:
             SingleInstance instance(file);
             const bool isHeld = instance.takeOver(kLong).empty();
             (void)::write(report[1], "", isHeld ? 1 : 0);
-            next();
+            next(instance);
             ::_exit(0);
         }
         ::close(report[1]);
@@ -57,20 +57,24 @@ TEST_F(SingleInstanceTest, TheOtherProcessIsAskedToEndAndWaitedFor) {
     sigemptyset(&asked);
     sigaddset(&asked, SIGTERM);
     ::pthread_sigmask(SIG_BLOCK, &asked, &before); // for the child: it must not miss the signal
-    const pid_t polite = startHolder([&] {
+    const pid_t polite = startHolder([&](const SingleInstance& its) {
+        const bool wasAwaited = its.isAwaited();
         int signal = 0;
         ::sigwait(&asked, &signal);
-        folder.write("last words", "");
+        if (its.isAwaited() && !wasAwaited) {
+            folder.write("last words", "");
+        }
     });
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
     SingleInstance instance(file);
     EXPECT_EQ(instance.takeOver(kLong), "");
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "last words"));
     EXPECT_EQ(endOf(polite), 0);
+    EXPECT_FALSE(instance.isAwaited());
 }
 
 TEST_F(SingleInstanceTest, OneThatIsDeafOrStoppedIsEndedByForce) {
-    const pid_t stopped = startHolder([] { std::raise(SIGSTOP); });
+    const pid_t stopped = startHolder([](const SingleInstance&) { std::raise(SIGSTOP); });
     int status = 0;
     ::waitpid(stopped, &status, WUNTRACED);
     ASSERT_TRUE(WIFSTOPPED(status));
