@@ -39,21 +39,19 @@ TEST(HyperKeyTextTest, ReadsEntriesWhateverTheOrderAndNotationOfTheirNumbers) {
 }
 
 TEST(HyperKeyTextTest, TakesOnlyWholeNumbersAndWholeEntries) {
-    for (const char* text :
-         {"(null)", "", "HIDKeyboardModifierMappingSrc = 1", "HIDKeyboardModifierMappingDst = 1",
-          "HIDKeyboardModifierMappingSrc 1\nHIDKeyboardModifierMappingDst 2",
-          "= 1 HIDKeyboardModifierMappingSrc\nHIDKeyboardModifierMappingDst = 2",
-          "HIDKeyboardModifierMappingSrc = 1x\nHIDKeyboardModifierMappingDst = 2",
-          "HIDKeyboardModifierMappingSrc = 0x\nHIDKeyboardModifierMappingDst = 2",
-          "HIDKeyboardModifierMappingSrc = \nHIDKeyboardModifierMappingDst = 2",
-          "HIDKeyboardModifierMappingSrc = 99999999999999999999\n"
-          "HIDKeyboardModifierMappingDst = 2"}) {
-        EXPECT_THAT(HyperKey::parse(text), IsEmpty()) << text;
+    const auto parsed = [](const std::string& source, const std::string& destination) {
+        return HyperKey::parse("HIDKeyboardModifierMappingSrc" + source +
+                               "\nHIDKeyboardModifierMappingDst" + destination);
+    };
+    EXPECT_THAT(parsed(" = 1", " = 2"), ElementsAre(Mapping{1, 2}));
+    for (const char* source :
+         {"", " 1", " = ", " = 1x", " = 1 2", " = 0x", " = x1", " = 9223372036854775808"}) {
+        EXPECT_THAT(parsed(source, " = 2"), IsEmpty()) << source;
+        EXPECT_THAT(parsed(" = 2", source), IsEmpty()) << source;
     }
-    EXPECT_THAT(HyperKey::parse("HIDKeyboardModifierMappingSrc = 1\n"
-                                "HIDKeyboardModifierMappingSrc = 2\n"
-                                "HIDKeyboardModifierMappingDst = 3\n"
-                                "HIDKeyboardModifierMappingDst = 4\n"),
+    EXPECT_THAT(HyperKey::parse("(null)"), IsEmpty());
+    EXPECT_THAT(parsed(" = 1\nHIDKeyboardModifierMappingSrc = 2",
+                       " = 3\nHIDKeyboardModifierMappingDst = 4"),
                 ElementsAre(Mapping{2, 3}));
 }
 

@@ -45,7 +45,8 @@ TEST(KeyComboTest, StoresItsKeyAndFlagsInDecimalAndParsesThemBack) {
 TEST(KeyComboTest, KeepsOnlyTheFourModifiers) {
     EXPECT_THAT(KeyCombo::fromStorage("49:1179648"),
                 Optional(KeyCombo(49, KeyCombo::kShift | KeyCombo::kCommand)));
-    EXPECT_EQ(KeyCombo::fromStorage("49:589824")->storageValue(), "49:524288"); // Caps Lock
+    EXPECT_THAT(KeyCombo::fromStorage("49:589824"),
+                Optional(KeyCombo(49, KeyCombo::kOption))); // Caps Lock
     EXPECT_EQ(KeyCombo(49, 0xFFFF'FFFF'FFE1'FFFF).modifiers(), 0U);
 }
 

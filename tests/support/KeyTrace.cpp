@@ -194,10 +194,13 @@ void Keyboard::happen(InputEvent event, std::string_view shown) {
     if (isSwallowed || shown.empty()) {
         return;
     }
-    const std::string key = modifierSymbols(event.flags) + std::string(shown);
-    say(event.kind == InputEvent::Kind::keyDown ? (event.isRepeat ? "r:" : "d:") + key
-        : event.kind == InputEvent::Kind::keyUp ? "u:" + key
-                                                : key);
+    std::string verb;
+    if (event.kind == InputEvent::Kind::keyDown) {
+        verb = event.isRepeat ? "r:" : "d:";
+    } else if (event.kind == InputEvent::Kind::keyUp) {
+        verb = "u:";
+    }
+    say(verb + modifierSymbols(event.flags) + std::string(shown));
 }
 
 void Keyboard::say(std::string_view word) {
