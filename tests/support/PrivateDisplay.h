@@ -4,10 +4,14 @@
 #include "support/QtTurns.h"
 
 #include <QProcess>
+#include <QTimer>
 #include <gtest/gtest.h>
 #include <xcb/xtest.h>
 
+#include <array>
+#include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -71,6 +75,21 @@ public:
         process.waitForFinished();
     }
 
+    /// Starts a window manager, and waits until it does what it is asked.
+    QProcess& startManager(const std::string& name) {
+        QProcess& manager = start(name);
+        QTimer again; // while it starts it passes over what it is asked
+        again.start(std::chrono::milliseconds(20));
+        const xcb_atom_t desktop = atomNamed(connection(), "_NET_CURRENT_DESKTOP");
+        for (const std::uint32_t number : {1U, 0U}) {
+            turnQtUntil([&] {
+                ask(desktop, number);
+                return numberIn(desktop) == number;
+            });
+        }
+        return manager;
+    }
+
     /// Breaks the connection of every client.
     void endServer() { end(server_); }
 
@@ -85,6 +104,31 @@ public:
     [[nodiscard]] xcb_window_t root() const { return keyboard_->root(); }
 
 private:
+    void ask(xcb_atom_t request, std::uint32_t number) {
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = root();
+        message.type = request;
+        message.data.data32[0] = number;
+        std::array<char, 32> bytes{};
+        static_assert(sizeof message == sizeof bytes);
+        std::memcpy(bytes.data(), &message, sizeof message);
+        xcb_send_event(connection(), 0, root(),
+                       XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                       bytes.data());
+    }
+
+    [[nodiscard]] std::optional<std::uint32_t> numberIn(xcb_atom_t property) const {
+        const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+            connection(), xcb_get_property(connection(), 0, root(), property, XCB_ATOM_ANY, 0, 1),
+            nullptr));
+        return reply && xcb_get_property_value_length(reply.get()) == 4
+                   ? std::optional(
+                         *static_cast<std::uint32_t*>(xcb_get_property_value(reply.get())))
+                   : std::nullopt;
+    }
+
     void fake(std::uint8_t event, std::uint8_t detail) {
         xcb_test_fake_input(connection(), event, detail, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0,
                             0);

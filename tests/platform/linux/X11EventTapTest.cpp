@@ -1,0 +1,190 @@
+#include "platform/linux/X11EventTap.h"
+
+#include "platform/ModifierFlags.h"
+#include "platform/VirtualKeys.h"
+#include "platform/linux/X11KeyCodes.h"
+#include "support/DesktopKeyboard.h"
+#include "support/KeyTrace.h"
+#include "support/ProbeWindow.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+namespace pello {
+namespace {
+
+using testing::DesktopKeyboard;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::Field;
+using ::testing::IsEmpty;
+using namespace std::chrono_literals;
+
+constexpr xcb_keycode_t kLast = 94; // pressed to see that nothing else is going to come
+
+HotkeyConfiguration tapping(Activation activation) {
+    return {.activation = activation};
+}
+
+HotkeyConfiguration combo(std::uint16_t keyCode, std::uint64_t flags) {
+    return {.activation = Activation::keyCombo, .combo = KeyCombo(keyCode, flags)};
+}
+
+/// What the test needs of a desktop; a window manager where one is named.
+class X11EventTapTest : public ::testing::TestWithParam<const char*> {
+protected:
+    X11EventTapTest() {
+        if (const std::string manager = GetParam(); !manager.empty()) {
+            manager_ = &display_.startManager(manager);
+        }
+        probe_.emplace();
+    }
+
+    std::string play(const HotkeyConfiguration& configuration, std::string_view trace) {
+        keyboard_.manager.configure(configuration);
+        return keyboard_.play(trace);
+    }
+
+    /// Waits until a change of the keyboard or of the manager is over for the tap, too.
+    void settle() {
+        keyboard_.play("p:f5");
+        turnQtUntil([this] { return keyboard_.x11Tap.isSettled(); });
+        static_cast<void>(received());
+    }
+
+    /// What reached the application so far.
+    std::vector<std::string> received() {
+        display_.press(kLast);
+        auto received = probe_->receivedUntil(kLast);
+        display_.release(kLast);
+        return received;
+    }
+
+    PrivateDisplay display_;
+    QProcess* manager_ = nullptr;
+    std::optional<ProbeWindow> probe_;
+    DesktopKeyboard keyboard_{display_};
+};
+
+TEST_P(X11EventTapTest, ShortTapsOfAModifierAloneActivate) {
+    const HotkeyConfiguration right = tapping(Activation::rightCommand);
+    EXPECT_EQ(play(right, "d:rcmd t:200 u:rcmd"), "activate");
+    EXPECT_EQ(play(right, "d:rcmd t:400 u:rcmd"), "");
+    EXPECT_EQ(play(right, "d:rcmd p:a u:rcmd"), "");
+    EXPECT_EQ(play(right, "d:rcmd b:1 u:rcmd"), "");
+    EXPECT_EQ(play(right, "d:rcmd b:4 u:rcmd"), "");
+    EXPECT_EQ(play(right, "d:rcmd p:rsh u:rcmd"), "");
+    EXPECT_EQ(play(right, "d:lsh p:rcmd u:lsh"), "");
+    EXPECT_EQ(play(right, "p:lcmd"), "");
+    EXPECT_EQ(play(right, "d:lcmd p:rcmd u:lcmd"), "activate");
+    EXPECT_EQ(play(tapping(Activation::rightControl), "p:rctl p:lctl"), "activate");
+    EXPECT_EQ(play(tapping(Activation::rightOption), "p:ropt p:lopt"), "activate");
+}
+
+TEST_P(X11EventTapTest, RightOptionActivatesOnLayoutsThatMakeItAThirdLevel) {
+    PrivateDisplay::run("setxkbmap de");
+    EXPECT_EQ(play(tapping(Activation::rightOption), "p:ropt"), "activate");
+    EXPECT_EQ(play(tapping(Activation::rightOption), "d:ropt p:q u:ropt"), "");
+    EXPECT_EQ(play(tapping(Activation::rightCommand), "d:ropt p:rcmd u:ropt"), "");
+}
+
+TEST_P(X11EventTapTest, CombosAreTakenFromTheFocusedApplicationWhateverIsLocked) {
+    const auto optionSpace = combo(virtualKeys::kSpace, modifiers::kOption);
+    const auto trace = "d:lopt d:space u:space u:lopt p:a";
+    EXPECT_EQ(play(optionSpace, trace), "activate");
+    EXPECT_THAT(received(), ElementsAre("d64", "u64", "d38", "u38"));
+    for (const char* lock : {"Num_Lock", "Caps_Lock", "Num_Lock"}) {
+        PrivateDisplay::run(std::string("xdotool key ") + lock);
+        settle();
+        EXPECT_EQ(keyboard_.play(trace), "activate") << lock;
+        EXPECT_THAT(received(), ElementsAre("d64", "u64", "d38", "u38")) << lock;
+    }
+    EXPECT_EQ(keyboard_.play("d:lopt d:lsh p:space u:lsh u:lopt"), "");
+    EXPECT_THAT(received(), ElementsAre("d64", "d50/08", "d65/09", "u65", "u50", "u64"));
+}
+
+TEST_P(X11EventTapTest, HeldCombosRepeatWithoutActivatingAgain) {
+    PrivateDisplay::run("xset r rate 20 100");
+    const auto controlA = combo(0, modifiers::kControl);
+    EXPECT_EQ(play(controlA, "d:lctl d:a"), "activate");
+    keyboard_.waitUntilTold(keyboard_.tap.told.size() + 3);
+    const auto& last = keyboard_.tap.told.back();
+    EXPECT_TRUE(last.event.isRepeat && last.isTaken);
+    EXPECT_EQ(keyboard_.play("u:a u:lctl"), "");
+    EXPECT_THAT(received(), ElementsAre("d37", "u37"));
+}
+
+TEST_P(X11EventTapTest, CombosThatTheWindowManagerHasTooAreTakenAlsoAfterItClaimedThemAgain) {
+    HotkeyConfiguration both = combo(virtualKeys::kTab, modifiers::kOption);
+    both.glyphCombo = KeyCombo(118, modifiers::kOption); // F4, which closes windows
+    const auto trace = "d:lopt p:tab p:#70 u:lopt";
+    EXPECT_EQ(play(both, trace), "activate glyphs");
+    PrivateDisplay::run("setxkbmap de; setxkbmap us");
+    settle();
+    EXPECT_EQ(keyboard_.play(trace), "activate glyphs");
+    EXPECT_THAT(keyboard_.x11Tap.grabs(), Each(Field(&X11Grab::state, X11Grab::State::held)));
+    EXPECT_THAT(received(), ElementsAre("d64", "u64")) << "the window is open and got the rest";
+}
+
+TEST_P(X11EventTapTest, CombosSurviveAWindowManagersStart) {
+    if (std::string(GetParam()).empty()) {
+        GTEST_SKIP() << "for one test per manager";
+    }
+    HotkeyConfiguration both = combo(virtualKeys::kTab, modifiers::kOption);
+    both.glyphCombo = KeyCombo(118, modifiers::kOption);
+    keyboard_.manager.configure(both);
+    PrivateDisplay::end(*manager_);
+    display_.startManager(GetParam());
+    probe_.emplace(); // not every manager gives old windows the keyboard
+    settle();
+    EXPECT_EQ(keyboard_.play("d:lopt p:tab p:#70 u:lopt"), "activate glyphs");
+}
+
+TEST_P(X11EventTapTest, CommandTabHoldsTheKeyboardUntilCommandIsReleased) {
+    HotkeyConfiguration switching = tapping(Activation::rightCommand);
+    switching.replacesCommandTab = true;
+    EXPECT_EQ(play(switching, "d:lcmd p:tab p:tab d:lsh p:tab u:lsh p:right p:3 p:q p:a u:lcmd"),
+              "advance+1 advance+1 advance-1 advance+1 choose3 quit commit");
+    EXPECT_EQ(keyboard_.play("d:lcmd p:tab p:esc u:lcmd p:b"), "advance+1 cancel");
+    EXPECT_EQ(keyboard_.play("d:lcmd d:tab u:lcmd"), "advance+1 commit");
+    EXPECT_EQ(keyboard_.play("U:tab d:lctl d:lcmd p:tab u:lcmd u:lctl"), "");
+    const auto seen = received();
+    EXPECT_THAT(seen, ::testing::Contains("d56"));
+    EXPECT_THAT(seen, ::testing::Not(::testing::Contains("d38"))) << "a of the first session";
+    EXPECT_EQ(keyboard_.play("p:rcmd"), "activate") << "nothing is stuck";
+}
+
+TEST_P(X11EventTapTest, CapsLockActivatesOnPressAndLeavesTheLockOff) {
+    PrivateDisplay::run("xdotool key Caps_Lock");
+    keyboard_.manager.configure(tapping(Activation::capsLock));
+    for (int press = 0; press < 3; ++press) {
+        EXPECT_EQ(keyboard_.play("d:caps U:caps"), "activate") << press;
+        EXPECT_THAT(PrivateDisplay::run("xset q"), ::testing::HasSubstr("Caps Lock:   off"));
+    }
+}
+
+TEST_P(X11EventTapTest, ABrokenConnectionIsNoticedAndNothingElseHappens) {
+    play(tapping(Activation::rightCommand), "p:rcmd");
+    display_.endServer();
+    turnQtUntil([&] { return !keyboard_.x11Tap.isEnabled(); });
+    EXPECT_EQ(keyboard_.x11Tap.heldModifiers(), 0U);
+    keyboard_.x11Tap.refresh();
+    keyboard_.x11Tap.holdKeyboard();
+    keyboard_.x11Tap.resetCapsLock();
+    EXPECT_NE(keyboard_.x11Tap.obstacle(), std::nullopt);
+    keyboard_.manager.stop();
+    keyboard_.manager.start();
+    EXPECT_EQ(keyboard_.manager.health(), HotkeyManager::Health::blocked);
+}
+
+INSTANTIATE_TEST_SUITE_P(WindowManagers, X11EventTapTest, ::testing::Values("", "openbox", "xfwm4"),
+                         [](const auto& manager) {
+                             const std::string name = manager.param;
+                             return name.empty() ? std::string("none") : name;
+                         });
+
+} // namespace
+} // namespace pello
