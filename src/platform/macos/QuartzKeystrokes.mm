@@ -1,30 +1,25 @@
 #include "platform/macos/QuartzKeystrokes.h"
 
-#import <ApplicationServices/ApplicationServices.h>
+#include "platform/macos/OwnedObject.h"
 
-#include <memory>
-#include <type_traits>
+#import <ApplicationServices/ApplicationServices.h>
 
 namespace pello {
 namespace {
-
-struct ReleaseObject {
-    void operator()(CFTypeRef object) const { CFRelease(object); }
-};
-template <class Ref> using Owned = std::unique_ptr<std::remove_pointer_t<Ref>, ReleaseObject>;
 
 constexpr CGKeyCode kVirtualKeyV = 9;
 
 } // namespace
 
 Keystrokes::Outcome QuartzKeystrokes::pressPaste() {
-    const Owned<CGEventSourceRef> source(
+    const OwnedObject<CGEventSourceRef> source(
         CGEventSourceCreate(kCGEventSourceStateCombinedSessionState));
     if (!source) {
         return Outcome::impossible;
     }
-    const Owned<CGEventRef> down(CGEventCreateKeyboardEvent(source.get(), kVirtualKeyV, true));
-    const Owned<CGEventRef> up(CGEventCreateKeyboardEvent(source.get(), kVirtualKeyV, false));
+    const OwnedObject<CGEventRef> down(
+        CGEventCreateKeyboardEvent(source.get(), kVirtualKeyV, true));
+    const OwnedObject<CGEventRef> up(CGEventCreateKeyboardEvent(source.get(), kVirtualKeyV, false));
     if (!down || !up) {
         return Outcome::impossible;
     }
