@@ -43,7 +43,10 @@ public:
         for (const auto& owner : owners) {
             const std::string_view keyword = keywordOf(owner);
             const auto rest = argument(keyword);
-            const std::size_t length = rest ? text::characterCount(keyword) : 0;
+            if (!rest) {
+                continue;
+            }
+            const std::size_t length = text::characterCount(keyword);
             if (length > longestLength) {
                 found = {.owner = &owner, .argument = *rest};
                 longestLength = length;

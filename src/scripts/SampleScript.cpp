@@ -8,6 +8,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// For everybody to read and execute.
+constexpr fs::perms kPermissions = fs::perms::owner_all | fs::perms::group_read |
+                                   fs::perms::group_exec | fs::perms::others_read |
+                                   fs::perms::others_exec;
+
 constexpr std::string_view kText = R"(#!/bin/zsh
 # pello.name: Hello Pello
 # pello.keyword: hello
@@ -34,12 +39,12 @@ fi
 std::optional<fs::path> write(const fs::path& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
-    const fs::path file = folder / kFileName;
+    fs::path file = folder / kFileName;
     if (fs::exists(fs::symlink_status(file, error))) {
         return file;
     }
     std::ofstream(file, std::ios::binary) << kText;
-    fs::permissions(file, fs::perms(0755), error);
+    fs::permissions(file, kPermissions, error);
     const bool isWhole = !error && fs::file_size(file, error) == kText.size();
     return isWhole ? std::optional(file) : std::nullopt;
 }

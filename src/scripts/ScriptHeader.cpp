@@ -16,7 +16,13 @@ bool continuesCharacter(char byte) {
 /// How many bytes the character has that begins with `lead`; 1 for what begins none.
 std::size_t lengthByLead(char lead) {
     const auto byte = static_cast<unsigned char>(lead);
-    return byte >= 0xF0U ? 4 : byte >= 0xE0U ? 3 : byte >= 0xC0U ? 2 : 1;
+    if (byte < 0xC0U) {
+        return 1;
+    }
+    if (byte < 0xE0U) {
+        return 2;
+    }
+    return byte < 0xF0U ? 3 : 4;
 }
 
 /// `bytes` without a last character that is not complete.

@@ -54,6 +54,7 @@ void ScriptsIndex::rescan() {
     auto work = [directory = directory_, &access = access_, &index = *this] {
         Published published{.found = ScriptScan::of(directory, access)};
         std::vector<LaunchItem> items;
+        items.reserve(published.found.commands.size());
         for (const ScriptCommand& command : published.found.commands) {
             items.push_back(scriptItem(command, index));
         }

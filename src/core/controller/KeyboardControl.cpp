@@ -35,7 +35,7 @@ void KeyboardControl::configureHotkey() {
 
 /// The tool is asked for one thing at a time: what is wanted meanwhile comes afterwards.
 void KeyboardControl::applyHyperKeyMapping() {
-    PelloSettings& settings = controller_.settings();
+    const PelloSettings& settings = controller_.settings();
     const bool wanted = settings.capsLockIsHyper.get();
     if (isApplying_ || appliedHyperMapping_ == wanted) {
         return;
