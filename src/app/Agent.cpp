@@ -1,5 +1,6 @@
 #include "app/Agent.h"
 
+#include "app/AgentKeyboard.h"
 #include "app/ControlClient.h"
 #include "app/ControlServer.h"
 #include "app/DesktopPlatform.h"
@@ -25,11 +26,13 @@ constexpr std::chrono::seconds kPatience{2};
 /// The launcher with its panel, and who may tell it what to do. Needs the application object.
 class Agent {
 public:
-    Agent()
+    explicit Agent(const std::filesystem::path& keyboardFolder)
         : launcher_(platform_.ports()),
           panel_(launcher_.controller(), platform_.icons(), platform_.compositor(),
                  launcher_.scriptFailures()),
           tray_(launcher_.controller(), launcher_.scriptFailures()),
+          keyboard_(launcher_.controller(), platform_.ports(), keyboardFolder,
+                    [] { QApplication::quit(); }),
           server_([this](std::string_view verb) { return answer(verb); }) {}
 
     /// Answers at `socket` from now on, and fills the catalogue. False when the socket cannot be
@@ -38,6 +41,7 @@ public:
         if (!server_.listen(socket)) {
             return false;
         }
+        keyboard_.start();
         launcher_.controller().reindex();
         if (command.showsPanel) {
             launcher_.controller().show();
@@ -45,8 +49,11 @@ public:
         return true;
     }
 
-    /// Writes what is not written yet.
-    void finish() { platform_.ports().defaults.flush(); }
+    /// Gives the keyboard back, and writes what is not written yet.
+    void finish(KeyboardControl::Successor successor) {
+        keyboard_.finish(successor);
+        platform_.ports().defaults.flush();
+    }
 
 private:
     using Answer = ControlServer::Answer;
@@ -55,6 +62,9 @@ private:
         if (verb == "toggle") {
             launcher_.controller().toggle();
             return {.line = std::string(kDone)};
+        }
+        if (verb == kReportVerb) {
+            return {.line = keyboard_.report().line()};
         }
         if (verb == "quit") {
             platform_.ports().loop.post([] { QApplication::quit(); });
@@ -67,6 +77,7 @@ private:
     Launcher launcher_;
     PanelWindow panel_;
     TrayIcon tray_;
+    AgentKeyboard keyboard_;
     ControlServer server_;
 };
 
@@ -96,11 +107,12 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
     QApplication::setDesktopFileName("is.tolva.pello");
     QApplication::setQuitOnLastWindowClosed(false);
     signals.deliver([] { QApplication::quit(); });
-    Agent agent;
+    Agent agent(std::filesystem::path(socket).parent_path());
     int status = ExitStatus::kNothing;
     if (agent.start(socket, command)) {
         status = QApplication::exec();
-        agent.finish();
+        agent.finish(instance.isAwaited() ? KeyboardControl::Successor::waiting
+                                          : KeyboardControl::Successor::none);
     } else {
         std::cerr << "pello: cannot listen at \"" << socket << "\"\n";
     }

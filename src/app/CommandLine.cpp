@@ -38,6 +38,10 @@ public:
                   AnswerCommand::Evaluator::conversions);
         addSettings();
         addScripts();
+        app_.add_subcommand("doctor", "Look for what does not work, and say what to do")
+            ->callback([this] { command_ = DoctorCommand{}; });
+        app_.add_subcommand("keys", "Show what is heard of the keyboard, without what is typed")
+            ->callback([this] { command_ = KeysCommand{}; });
         app_.add_subcommand("terminal", "Search and run in this terminal")->callback([this] {
             command_ = TerminalCommand{};
         });

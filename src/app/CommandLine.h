@@ -81,8 +81,15 @@ struct ScriptsCommand {
 /// `pello terminal`: the launcher without a display.
 struct TerminalCommand {};
 
-using Command = std::variant<AgentCommand, ClientCommand, QueryCommand, GlyphCommand, AnswerCommand,
-                             SettingsCommand, ScriptsCommand, TerminalCommand>;
+/// `pello doctor`: looks for what does not work.
+struct DoctorCommand {};
+
+/// `pello keys`: shows what is heard of the keyboard.
+struct KeysCommand {};
+
+using Command =
+    std::variant<AgentCommand, ClientCommand, QueryCommand, GlyphCommand, AnswerCommand,
+                 SettingsCommand, ScriptsCommand, TerminalCommand, DoctorCommand, KeysCommand>;
 
 /// The exit statuses of the program.
 namespace ExitStatus {

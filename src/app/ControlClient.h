@@ -9,6 +9,9 @@ namespace pello {
 /// What the running launcher answers to a verb that it carried out. Anything else is a complaint.
 inline constexpr std::string_view kDone = "ok";
 
+/// The verb that asks for a KeyboardReport, which is the answer.
+inline constexpr std::string_view kReportVerb = "report";
+
 /// Where the running launcher listens: a socket in the user's runtime folder, or, where there is
 /// none, in a folder of the user's own below the temporary one. Empty when neither can be had.
 [[nodiscard]] std::string controlSocketPath();

@@ -131,6 +131,11 @@ class Desktop:
         return subprocess.run(list(map(str, command)), env=self.environment, check=True, text=True,
                               stdout=subprocess.PIPE, timeout=DEADLINE).stdout
 
+    def output_of(self, *command):
+        """What `command` prints, whether or not it succeeds."""
+        return subprocess.run(list(map(str, command)), env=self.environment, text=True,
+                              stdout=subprocess.PIPE, timeout=DEADLINE).stdout
+
     def wait_for_active(self, title):
         """Waits until a window of this title has the keyboard, and returns its id."""
 

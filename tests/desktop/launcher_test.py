@@ -2,53 +2,12 @@
 import json
 import re
 import signal
-import sys
-import unittest
 
-from desktop import Desktop
-
-PELLO, SCREENSHOTS = sys.argv[1:3]
+import case
+from case import PELLO
 
 
-class LauncherTest(unittest.TestCase):
-    def setUp(self):
-        self.desktop = Desktop(SCREENSHOTS)
-        self.desktop.__enter__()
-        self.addCleanup(self.desktop.__exit__)
-        self.addCleanup(self.desktop.screenshot, self.id().split(".")[-1])
-        self.marks = self.desktop.watch_marks()
-        for name in ("Alpha Beacon", "Alpha Comet", "Zebra"):
-            self.desktop.add_marker(name)
-
-    def start_pello(self):
-        """Starts the program with its panel open, and returns its process."""
-        process = self.desktop.start([PELLO, "--show"])
-        self.panel = self.desktop.wait_for_active("Pello")
-        self.sizes = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_NORMAL_HINTS"])
-        return process
-
-    def expect_the_one_that_answers(self):
-        """A panel is open, and its process is the one that verbs reach."""
-        self.panel = self.desktop.wait_for_active("Pello")
-        self.desktop.run(PELLO, "toggle")
-        self.wait_until_closed()
-
-    def wait_for_rows(self, count):
-        """Waits until the panel is as high as `count` rows and the web search make it."""
-        header, row, padding = 60, 50, 14
-        height = header + (count + 1) * row + padding
-        self.sizes.until(lambda line: f"specified size: 720 by {height}" in line, f"{count} rows")
-
-    def wait_until_closed(self):
-        states = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_STATE"])
-        states.until(lambda line: "Withdrawn" in line or "not found" in line, "the panel closes")
-
-    def expect_mark(self, name):
-        self.assertEqual(self.marks.until(str.strip, "the launched application"), name)
-
-    def first_found(self, text):
-        return self.desktop.run(PELLO, "query", text, "--limit", "1").split("\n")[0]
-
+class LauncherTest(case.LauncherCase):
     def test_what_ran_once_ranks_first_after_a_restart(self):
         self.assertIn("Alpha Comet", self.first_found("al"))
 
@@ -140,11 +99,6 @@ exit 3
         self.desktop.screenshot("stop-question")
         self.desktop.key("Return")
         self.expect_mark("Watch was stopped:")
-
-    def summon(self, query):
-        self.desktop.run(PELLO, "toggle")
-        self.panel = self.desktop.wait_for_active("Pello")
-        self.desktop.type(query)
 
     def pick_glyph(self, query, *keys):
         """Summons the panel and picks what `keys` lead to from `query`."""
@@ -256,4 +210,4 @@ exit 3
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1], verbosity=2)
+    case.run()

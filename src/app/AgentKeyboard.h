@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/KeyboardReport.h"
+#include "app/Platform.h"
+#include "core/controller/KeyboardControl.h"
+#include "core/controller/PelloController.h"
+#include "keyboard/hotkeys/HotkeyManager.h"
+#include "platform/linux/LinuxShell.h"
+#include "platform/linux/ThisProgram.h"
+#include "platform/linux/UnrestrictedKeys.h"
+#include "platform/linux/X11EventTap.h"
+#include "platform/linux/X11KeyboardLayout.h"
+#include "platform/linux/X11UserKeyMapping.h"
+#include "platform/memory/MemorySessionEvents.h"
+
+#include <filesystem>
+#include <functional>
+
+namespace pello {
+
+/// The keyboard of the running launcher, from the display to the controller.
+class AgentKeyboard {
+public:
+    /// `folder` keeps, as long as Caps Lock is changed, what it did before. `quit` ends the
+    /// program. Everything must outlive this object.
+    AgentKeyboard(PelloController& controller, const Platform& platform,
+                  const std::filesystem::path& folder, const std::function<void()>& quit);
+
+    /// Undoes what a launcher before left behind, then listens. Only once no other one runs.
+    void start();
+
+    /// Gives the keyboard back.
+    void finish(KeyboardControl::Successor successor) { control_.finish(successor); }
+
+    [[nodiscard]] const HotkeyManager& hotkey() const { return manager_; }
+    [[nodiscard]] KeyboardReport report();
+
+private:
+    [[nodiscard]] std::string activationName() const;
+    [[nodiscard]] std::vector<KeyboardReport::Grab> grabs() const;
+
+    PelloController& controller_;
+    X11EventTap tap_;
+    X11KeyboardLayout layout_;
+    X11UserKeyMapping mapping_;
+    LinuxShell shell_;
+    ThisProgram program_;
+    UnrestrictedKeys permissions_;
+    MemorySessionEvents session_;
+    HotkeyManager manager_;
+    KeyboardControl control_;
+};
+
+} // namespace pello

@@ -1,0 +1,61 @@
+#include "platform/linux/SessionFacts.h"
+
+#include "platform/linux/DesktopWorkspace.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QLocalSocket>
+
+#include <string>
+
+namespace pello {
+namespace {
+
+constexpr int kPatience = 2000; // milliseconds, for one answer
+
+bool hasName(const QDBusConnection& bus, const QString& name) {
+    return bus.interface()->isServiceRegistered(name) ||
+           bus.interface()->activatableServiceNames().value().contains(name);
+}
+
+bool hasAccessibilityBus(const QDBusConnection& bus) {
+    const auto call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
+    return bus.call(call, QDBus::Block, kPatience).type() == QDBusMessage::ReplyMessage;
+}
+
+/// The socket of PulseAudio, and of what stands in for it.
+QString soundSocket(const Environment& environment) {
+    constexpr std::string_view kLocal = "unix:";
+    const std::string_view server = environment.value("PULSE_SERVER");
+    const std::string path =
+        server.starts_with(kLocal)
+            ? std::string(server.substr(kLocal.size()))
+            : std::string(environment.value("XDG_RUNTIME_DIR")) + "/pulse/native";
+    return QString::fromStdString(path);
+}
+
+bool hasSoundServer(const Environment& environment) {
+    QLocalSocket socket;
+    socket.connectToServer(soundSocket(environment));
+    return socket.waitForConnected(kPatience);
+}
+
+} // namespace
+
+SessionFacts SessionFacts::read(const Environment& environment) {
+    SessionFacts facts{.hasSound = hasSoundServer(environment)};
+    const QDBusConnection bus = sessionBus(environment);
+    facts.hasBus = bus.isConnected();
+    if (facts.hasBus) {
+        facts.hasNotifications = hasName(bus, QStringLiteral("org.freedesktop.Notifications"));
+        facts.hasTray =
+            bus.interface()->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher"));
+        facts.hasAccessibility = hasAccessibilityBus(bus);
+    }
+    return facts;
+}
+
+} // namespace pello

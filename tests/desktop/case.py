@@ -1,0 +1,58 @@
+"""What the tests of the real program have in common."""
+import sys
+import unittest
+
+from desktop import Desktop
+
+PELLO, SCREENSHOTS = sys.argv[1:3]
+
+
+class LauncherCase(unittest.TestCase):
+    """A desktop of its own for each test, with a few applications that leave marks."""
+
+    def setUp(self):
+        self.desktop = Desktop(SCREENSHOTS)
+        self.desktop.__enter__()
+        self.addCleanup(self.desktop.__exit__)
+        self.addCleanup(self.desktop.screenshot, self.id().split(".")[-1])
+        self.marks = self.desktop.watch_marks()
+        for name in ("Alpha Beacon", "Alpha Comet", "Zebra"):
+            self.desktop.add_marker(name)
+
+    def start_pello(self):
+        """Starts the program with its panel open, and returns its process."""
+        process = self.desktop.start([PELLO, "--show"])
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.sizes = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_NORMAL_HINTS"])
+        return process
+
+    def summon(self, query):
+        self.desktop.run(PELLO, "toggle")
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.desktop.type(query)
+
+    def expect_the_one_that_answers(self):
+        """A panel is open, and its process is the one that verbs reach."""
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.desktop.run(PELLO, "toggle")
+        self.wait_until_closed()
+
+    def wait_for_rows(self, count):
+        """Waits until the panel is as high as `count` rows and the web search make it."""
+        header, row, padding = 60, 50, 14
+        height = header + (count + 1) * row + padding
+        self.sizes.until(lambda line: f"specified size: 720 by {height}" in line, f"{count} rows")
+
+    def wait_until_closed(self):
+        states = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_STATE"])
+        states.until(lambda line: "Withdrawn" in line or "not found" in line, "the panel closes")
+
+    def expect_mark(self, name):
+        self.assertEqual(self.marks.until(str.strip, "the launched application"), name)
+
+    def first_found(self, text):
+        return self.desktop.run(PELLO, "query", text, "--limit", "1").split("\n")[0]
+
+
+def run():
+    unittest.main(argv=sys.argv[:1], verbosity=2)
