@@ -347,6 +347,7 @@ void X11EventTap::Listener::releaseKeyboard() {
     if (std::exchange(isHolding_, false)) {
         grabs_->releaseKeyboard();
         stream_.setHolding(false);
+        readEventsSoon();
     }
 }
 

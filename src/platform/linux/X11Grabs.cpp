@@ -108,9 +108,11 @@ bool X11Grabs::holdKeyboard() {
     return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
+/// Waits: a busy server may otherwise be given the next keys before it comes to this.
 void X11Grabs::releaseKeyboard() {
-    xcb_input_xi_ungrab_device(connection_, XCB_CURRENT_TIME, keyboard_);
-    xcb_flush(connection_);
+    const auto request =
+        xcb_input_xi_ungrab_device_checked(connection_, XCB_CURRENT_TIME, keyboard_);
+    const XcbReply<xcb_generic_error_t> error(xcb_request_check(connection_, request));
 }
 
 } // namespace pello

@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] const std::vector<X11Grab>& grabs() const { return grabs_; }
 
-    /// Takes every key from here to `release`. Whether it could. Waits for the server.
+    /// Takes every key from here to `releaseKeyboard`. Whether it could. Both wait for the server.
     bool holdKeyboard();
     void releaseKeyboard();
 

@@ -57,10 +57,8 @@ protected:
 
     /// What reached the application so far.
     std::vector<std::string> received() {
-        display_.press(kLast);
-        auto received = probe_->receivedUntil(kLast);
-        display_.release(kLast);
-        return received;
+        keyboard_.play("p:#94"); // which is kLast
+        return probe_->receivedUntil(kLast);
     }
 
     PrivateDisplay display_;
@@ -130,8 +128,8 @@ TEST_P(X11EventTapTest, CombosThatTheWindowManagerHasTooAreTakenAlsoAfterItClaim
 }
 
 TEST_P(X11EventTapTest, CombosSurviveAWindowManagersStart) {
-    if (std::string(GetParam()).empty()) {
-        GTEST_SKIP() << "for one test per manager";
+    if (manager_ == nullptr) {
+        return; // nobody to start again
     }
     HotkeyConfiguration both = combo(virtualKeys::kTab, modifiers::kOption);
     both.glyphCombo = KeyCombo(118, modifiers::kOption);
@@ -150,7 +148,7 @@ TEST_P(X11EventTapTest, CommandTabHoldsTheKeyboardUntilCommandIsReleased) {
               "advance+1 advance+1 advance-1 advance+1 choose3 quit commit");
     EXPECT_EQ(keyboard_.play("d:lcmd p:tab p:esc u:lcmd p:b"), "advance+1 cancel");
     EXPECT_EQ(keyboard_.play("d:lcmd d:tab u:lcmd"), "advance+1 commit");
-    EXPECT_EQ(keyboard_.play("U:tab d:lctl d:lcmd p:tab u:lcmd u:lctl"), "");
+    EXPECT_EQ(keyboard_.play("u:tab d:lctl d:lcmd p:tab u:lcmd u:lctl"), "");
     const auto seen = received();
     EXPECT_THAT(seen, ::testing::Contains("d56"));
     EXPECT_THAT(seen, ::testing::Not(::testing::Contains("d38"))) << "a of the first session";
