@@ -44,6 +44,8 @@ Launcher::Launcher(const Platform& platform, const Surroundings& surroundings)
           log_.panel.error(sentence);
           controller_.report(sentence);
       })),
+      onLostPasteboard_(systemActions_.failed.connect(
+          [this](const std::string& sentence) { log_.panel.error(sentence); })),
       onUnseenNotification_(platform.notifier.failed.connect(
           [this](const std::string& sentence) { log_.panel.error(sentence); })) {
     quickActions_.prepare(surroundings);

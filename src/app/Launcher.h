@@ -39,6 +39,7 @@ private:
     PelloController controller_;
     Subscription onProblem_;
     Subscription onFailure_;
+    Subscription onLostPasteboard_;
     Subscription onUnseenNotification_;
 };
 

@@ -40,7 +40,8 @@ std::optional<LaunchItem> bangItem(std::string_view query, const PelloSettings& 
         return std::nullopt;
     }
     const auto& [bang, arguments] = *match;
-    const auto address = bang.url(arguments, [&pasteboard] { return pasteboard.text(); });
+    const auto address =
+        bang.url(arguments, [&pasteboard] { return pasteboard.text().value_or(""); });
     if (!address) {
         return std::nullopt;
     }

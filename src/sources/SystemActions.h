@@ -1,11 +1,13 @@
 #pragma once
 
+#include "base/Signal.h"
 #include "platform/Keystrokes.h"
 #include "platform/MainLoop.h"
 #include "platform/Pasteboard.h"
 
 #include <chrono>
 #include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -20,32 +22,40 @@ public:
     static constexpr std::chrono::milliseconds kBetweenLooks{20};
     /// How many looks there are; afterwards nothing is pasted.
     static constexpr int kLooks = 50;
-    /// What the other program gets to fetch the text before the former one comes back.
+    /// What the other program gets to fetch the text after the paste, before the next text takes
+    /// its place or the former one comes back.
     static constexpr std::chrono::milliseconds kBeforeRestoring{500};
 
     /// All must outlive this object.
     SystemActions(MainLoop& loop, Pasteboard& pasteboard, Keystrokes& keystrokes);
 
-    /// Pastes `text` into the window that has the keyboard, and then puts the pasteboard's former
-    /// text back, unless something else was copied meanwhile. Where nothing can be pasted, `text`
-    /// stays on the pasteboard for the user to paste.
+    /// Pastes `text` into the window that has the keyboard, after those that were inserted before,
+    /// and then puts the pasteboard's former text back, unless something else was copied meanwhile.
+    /// Where nothing can be pasted, `text` stays on the pasteboard for the user to paste.
     void insert(std::string_view text);
 
+    /// Emitted with a sentence when a former text cannot be put back.
+    Signal<const std::string&> failed;
+
 private:
-    void begin(std::string text);
+    /// The first one that waits has its turn.
+    void begin();
+    void copy();
     void paste(int looksLeft);
-    void endPaste();
-    void restore();
+    void end();
 
     MainLoop& loop_;
     Pasteboard& pasteboard_;
     Keystrokes& keystrokes_;
+    /// What is copied for now; empty when nothing is that could be replaced.
     std::string inserted_;
+    /// What comes back then; empty when nothing does.
     std::string former_;
-    bool isPasting_ = false;
-    bool owesFormer_ = false;
+    bool isInserting_ = false;
     std::deque<std::string> waiting_;
     Subscription timer_;
+    /// What the pasteboard's answer belongs to.
+    std::shared_ptr<int> alive_ = std::make_shared<int>();
 };
 
 } // namespace pello

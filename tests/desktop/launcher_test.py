@@ -114,9 +114,12 @@ exit 3
         self.expect_mark("🔥")
         self.desktop.wait_for_clipboard("guten Tag")
 
+        long = "guten Tag! " * 200_000  # more than the display takes at once
+        self.desktop.hold_clipboard(long)
         self.desktop.start_editor("XTerm", "!Ctrl Shift<Key>v")
         self.pick_glyph("emoji fire", "Return")
         self.expect_mark("🔥")
+        self.desktop.wait_for_clipboard(long)
 
         self.desktop.run("setxkbmap", "-layout", "us", "-variant", "dvorak")
         self.desktop.start_editor("Editor", "!Ctrl<Key>v")

@@ -21,7 +21,7 @@ class InsertTest : public testing::Test {
 protected:
     InsertTest() {
         pasteboard.copyElsewhere("former");
-        keystrokes.onPaste = [this] { pasted.push_back(pasteboard.text()); };
+        keystrokes.onPaste = [this] { pasted.push_back(pasteboard.text().value_or("?")); };
     }
 
     MemoryMainLoop loop;
@@ -29,6 +29,8 @@ protected:
     MemoryKeystrokes keystrokes;
     SystemActions actions{loop, pasteboard, keystrokes};
     std::vector<std::string> pasted;
+    int failures = 0;
+    Subscription failing = actions.failed.connect([this](const std::string&) { ++failures; });
 };
 
 TEST_F(InsertTest, CopiesWaitsPastesWaitsAndPutsTheFormerTextBack) {
@@ -71,6 +73,52 @@ TEST_F(InsertTest, SeveralAreAllPastedAndTheUsersTextComesBack) {
     loop.advance(2s);
     EXPECT_THAT(pasted, ElementsAre("a", "b", "c"));
     EXPECT_EQ(pasteboard.text(), "former");
+}
+
+TEST_F(InsertTest, TheNextOneWaitsUntilTheOtherProgramHasFetchedTheText) {
+    actions.insert("a");
+    actions.insert("b");
+    loop.advance(130ms);
+    actions.insert("c");
+    loop.advance(489ms);
+    EXPECT_THAT(pasted, ElementsAre("a"));
+    EXPECT_EQ(pasteboard.text(), "a");
+    loop.advance(1ms);
+    EXPECT_EQ(pasteboard.text(), "b");
+    loop.advance(620ms);
+    EXPECT_EQ(pasteboard.text(), "c");
+    pasteboard.copyElsewhere("newer");
+    actions.insert("d");
+    loop.advance(10s);
+    EXPECT_EQ(pasteboard.text(), "newer") << "what was copied between two of them";
+}
+
+TEST_F(InsertTest, NothingIsReplacedBeforeItHasBeenRead) {
+    pasteboard.isSlow = true;
+    actions.insert("a");
+    actions.insert("b");
+    loop.advance(10s);
+    EXPECT_EQ(pasteboard.text(), "former");
+    pasteboard.readings = 0;
+    pasteboard.handOver();
+    EXPECT_EQ(pasteboard.readings, 1);
+    EXPECT_EQ(pasteboard.text(), "a");
+    loop.advance(10s);
+    EXPECT_THAT(pasted, ElementsAre("a", "b"));
+    EXPECT_EQ(pasteboard.text(), "former");
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(InsertTest, WhatCannotBeReadIsReplacedButNotSilently) {
+    pasteboard.isReadable = false;
+    actions.insert("a");
+    EXPECT_EQ(failures, 1);
+    pasteboard.isReadable = true;
+    actions.insert("b");
+    loop.advance(10s);
+    EXPECT_THAT(pasted, ElementsAre("a", "b"));
+    EXPECT_EQ(pasteboard.text(), "b");
+    EXPECT_EQ(failures, 1);
 }
 
 TEST_F(InsertTest, WaitsUntilAnotherWindowHasTheKeyboard) {

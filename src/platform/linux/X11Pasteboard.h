@@ -12,11 +12,12 @@ namespace pello {
 class X11Pasteboard final : public Pasteboard {
 public:
     void setText(std::string_view text) override;
-    [[nodiscard]] std::string text() override;
+    [[nodiscard]] std::optional<std::string> text() override;
+    void read(const std::function<void(std::optional<std::string>)>& action) override;
     [[nodiscard]] bool holdsOwn(std::string_view text) override;
 
 private:
-    [[nodiscard]] std::string textOfOthers();
+    [[nodiscard]] std::optional<std::string> textOfOthers();
 
     X11Selection selection_;
     std::chrono::steady_clock::time_point askAgain_; // after somebody did not answer

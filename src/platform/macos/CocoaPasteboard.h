@@ -8,7 +8,7 @@ namespace pello {
 class CocoaPasteboard final : public Pasteboard {
 public:
     void setText(std::string_view text) override;
-    [[nodiscard]] std::string text() override;
+    [[nodiscard]] std::optional<std::string> text() override;
     [[nodiscard]] bool holdsOwn(std::string_view text) override;
 
 private:

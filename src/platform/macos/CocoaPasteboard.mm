@@ -13,9 +13,14 @@ void CocoaPasteboard::setText(std::string_view text) {
     ownChange_ = pasteboard.changeCount;
 }
 
-std::string CocoaPasteboard::text() {
-    NSString* text = [NSPasteboard.generalPasteboard stringForType:NSPasteboardTypeString];
-    return text == nil ? std::string() : std::string(text.UTF8String);
+std::optional<std::string> CocoaPasteboard::text() {
+    NSPasteboard* pasteboard = NSPasteboard.generalPasteboard;
+    NSString* text = [pasteboard stringForType:NSPasteboardTypeString];
+    if (text != nil) {
+        return text.UTF8String;
+    }
+    const bool isPromised = [pasteboard.types containsObject:NSPasteboardTypeString];
+    return isPromised ? std::nullopt : std::optional<std::string>("");
 }
 
 bool CocoaPasteboard::holdsOwn(std::string_view own) {

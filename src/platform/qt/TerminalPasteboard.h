@@ -16,7 +16,7 @@ public:
     explicit TerminalPasteboard(std::ostream& terminal) : terminal_(terminal) {}
 
     void setText(std::string_view text) override;
-    [[nodiscard]] std::string text() override { return text_; }
+    [[nodiscard]] std::optional<std::string> text() override { return text_; }
     [[nodiscard]] bool holdsOwn(std::string_view text) override { return text_ == text; }
 
 private:
