@@ -33,7 +33,7 @@ std::unique_ptr<LoginEnvironment> environmentOf(LinuxServices& services,
                                                 LinuxServices::Session session) {
     if (session == LinuxServices::Session::connected) {
         return std::make_unique<ShellLoginEnvironment>(
-            services.processes, services.surface.loop,
+            services.processes, services.surface.loop, *services.log,
             ShellLoginEnvironment::Session{.shell = loginShell(),
                                            .home = services.folders.home,
                                            .inherited = services.environment});

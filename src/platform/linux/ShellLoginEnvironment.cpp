@@ -25,16 +25,36 @@ std::string question() {
     return mark + "; /usr/bin/env -0; " + mark;
 }
 
+/// Those whose login is told by what they are called alone take no other sign of it along with a
+/// question.
+std::vector<std::string> argumentsOf(const std::filesystem::path& shell) {
+    const std::string name = shell.filename().string();
+    const bool isCsh = name == "csh" || name == "tcsh" || name == "bsd-csh";
+    return isCsh ? std::vector<std::string>{"-c", question()}
+                 : std::vector<std::string>{"-l", "-c", question()};
+}
+
+std::string whyNotTold(const ProcessResult& result) {
+    if (const auto* failed = std::get_if<ProcessResult::Failed>(&result.end)) {
+        return failed->reason;
+    }
+    const std::string remark(text::trimmingWhitespaceAndControls(result.errorOutput));
+    constexpr std::size_t kLongest = 200;
+    return "it did not print one" + (remark.empty() ? "" : ": " + remark.substr(0, kLongest));
+}
+
 } // namespace
 
-ShellLoginEnvironment::ShellLoginEnvironment(Processes& processes, MainLoop& loop,
+ShellLoginEnvironment::ShellLoginEnvironment(Processes& processes, MainLoop& loop, Log& log,
                                              const Session& session)
-    : inherited_(session.inherited.forOtherPrograms().variables) {
+    : log_(log),
+      shell_(session.shell.string()),
+      inherited_(session.inherited.forOtherPrograms().variables) {
     const auto process =
         processes.start({.file = session.shell,
                          // What a shell is called when somebody logs in.
                          .calledAs = "-" + session.shell.filename().string(),
-                         .arguments = {"-l", "-c", question()},
+                         .arguments = argumentsOf(session.shell),
                          .folder = session.home,
                          .environment = inherited_},
                         [this, weakAlive = std::weak_ptr(alive_)](const ProcessResult& result) {
@@ -44,7 +64,7 @@ ShellLoginEnvironment::ShellLoginEnvironment(Processes& processes, MainLoop& loo
                         });
     limit_ = loop.after(kLimit, [this, &processes, process] {
         processes.kill(process);
-        settleOn(inherited_);
+        makeDo("it took too long");
     });
 }
 
@@ -60,7 +80,22 @@ void ShellLoginEnvironment::whenKnown(std::function<void(const EnvironmentVariab
 
 void ShellLoginEnvironment::finish(const ProcessResult& result) {
     limit_ = Subscription();
-    settleOn(printedEnvironment(result.standardOutput).value_or(inherited_));
+    if (auto printed = printedEnvironment(result.standardOutput)) {
+        settleOn(std::move(*printed));
+    } else {
+        makeDo(whyNotTold(result));
+    }
+}
+
+void ShellLoginEnvironment::makeDo(std::string_view reason) {
+    if (known_) {
+        return;
+    }
+    log_.write(
+        LogCategory::panel, LogLevel::error,
+        text::wellFormed("Scripts run in the environment of this program: the login shell “" +
+                         shell_ + "” did not tell its own, " + std::string(reason) + "."));
+    settleOn(inherited_);
 }
 
 void ShellLoginEnvironment::settleOn(EnvironmentVariables variables) {

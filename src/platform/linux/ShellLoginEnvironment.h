@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Log.h"
 #include "platform/LoginEnvironment.h"
 #include "platform/MainLoop.h"
 #include "platform/Processes.h"
@@ -9,6 +10,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -31,8 +33,9 @@ public:
     /// How long the shell has.
     static constexpr std::chrono::seconds kLimit{2};
 
-    /// Starts the shell. `processes` and `loop` must outlive this object.
-    ShellLoginEnvironment(Processes& processes, MainLoop& loop, const Session& session);
+    /// Starts the shell. `processes`, `loop` and `log`, which is told when the shell does not help,
+    /// must outlive this object.
+    ShellLoginEnvironment(Processes& processes, MainLoop& loop, Log& log, const Session& session);
     ~ShellLoginEnvironment() override;
     ShellLoginEnvironment(const ShellLoginEnvironment&) = delete;
     ShellLoginEnvironment& operator=(const ShellLoginEnvironment&) = delete;
@@ -41,8 +44,11 @@ public:
 
 private:
     void finish(const ProcessResult& result);
+    void makeDo(std::string_view reason);
     void settleOn(EnvironmentVariables variables);
 
+    Log& log_;
+    const std::string shell_;
     const EnvironmentVariables inherited_;
     std::optional<EnvironmentVariables> known_;
     std::vector<std::function<void(const EnvironmentVariables&)>> waiting_;

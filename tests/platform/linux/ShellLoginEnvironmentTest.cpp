@@ -1,6 +1,7 @@
 #include "platform/linux/ShellLoginEnvironment.h"
 
 #include "platform/linux/PosixProcesses.h"
+#include "platform/memory/MemoryLog.h"
 #include "platform/memory/MemoryMainLoop.h"
 #include "platform/memory/MemoryProcesses.h"
 #include "support/QtTurns.h"
@@ -14,16 +15,21 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
 using testing::Key;
 using testing::Not;
 using testing::Pair;
+using testing::SizeIs;
 
 class ShellLoginEnvironmentTest : public QtTest {
 protected:
     /// The environment by a real shell, in a home folder of its own.
     EnvironmentVariables by(const fs::path& shell) {
         std::optional<EnvironmentVariables> found;
-        ShellLoginEnvironment environment(processes, loop,
+        ShellLoginEnvironment environment(processes, loop, log,
                                           {.shell = shell,
                                            .home = home.path(),
                                            .inherited = {{{"HOME", home.path().string()},
@@ -44,6 +50,7 @@ protected:
     TemporaryFolder home;
     PosixProcesses processes;
     MemoryMainLoop loop;
+    MemoryLog log;
 };
 
 TEST_F(ShellLoginEnvironmentTest, ReadsWhatTheProfileMakesWhateverItPrints) {
@@ -72,6 +79,15 @@ TEST_F(ShellLoginEnvironmentTest, OtherShellsUnderstandTheQuestion) {
         home.write(".zprofile", "export MINE=zsh\n");
         EXPECT_THAT(by("/usr/bin/zsh"), Contains(Pair("MINE", "zsh")));
     }
+    for (const char* csh : {"/usr/bin/tcsh", "/bin/csh"}) {
+        if (fs::exists(csh)) {
+            home.write(".login", "setenv MINE csh; setenv PATH /opt/mine:$PATH\n");
+            EXPECT_THAT(by(csh), IsSupersetOf({Pair("MINE", "csh"),
+                                               Pair("PATH", "/opt/mine:/usr/bin:/bin")}))
+                << csh;
+        }
+    }
+    EXPECT_THAT(log.lines(), IsEmpty());
 }
 
 TEST_F(ShellLoginEnvironmentTest, TheInheritedOneStandsInForWhatNoShellTells) {
@@ -81,13 +97,19 @@ TEST_F(ShellLoginEnvironmentTest, TheInheritedOneStandsInForWhatNoShellTells) {
         EXPECT_THAT(variables, Contains(Pair("GIVEN", "before"))) << none;
         EXPECT_THAT(variables, Not(Contains(Key("INVOCATION_ID"))));
     }
+    EXPECT_THAT(log.lines(), SizeIs(4));
+    EXPECT_THAT(log.lines(),
+                Contains("panel error: Scripts run in the environment of this program: "
+                         "the login shell “/nowhere/sh” did not tell its own, the file "
+                         "does not exist."));
 }
 
 TEST_F(ShellLoginEnvironmentTest, AShellThatTakesTooLongIsEnded) {
     MemoryProcesses programs(loop);
     programs.programs["/bin/slow"] = std::nullopt;
     ShellLoginEnvironment environment(
-        programs, loop, {.shell = "/bin/slow", .home = "/", .inherited = {{{"PATH", "/bin"}}}});
+        programs, loop, log,
+        {.shell = "/bin/slow", .home = "/", .inherited = {{{"PATH", "/bin"}}}});
     int times = 0;
     environment.whenKnown([&](const EnvironmentVariables&) { ++times; });
     loop.advance(std::chrono::milliseconds(1999));
@@ -95,6 +117,9 @@ TEST_F(ShellLoginEnvironmentTest, AShellThatTakesTooLongIsEnded) {
     loop.advance(std::chrono::milliseconds(1));
     EXPECT_EQ(times, 1);
     EXPECT_EQ(programs.started.at(1).kills, 1);
+    loop.settle();
+    EXPECT_THAT(log.lines(),
+                ElementsAre(HasSubstr("“/bin/slow” did not tell its own, it took too")));
     environment.whenKnown([&](const EnvironmentVariables&) { ++times; });
     EXPECT_EQ(times, 2);
     EXPECT_EQ(programs.started.at(1).program.calledAs, "-slow");
