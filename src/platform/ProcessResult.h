@@ -20,17 +20,23 @@ struct ProcessResult {
         std::string name;
         friend bool operator==(const Signalled&, const Signalled&) = default;
     };
-    /// Nothing was run, or it is not known how that ended.
+    /// Nothing was run.
     struct Failed {
         /// Why, as the part of a sentence: "its interpreter “/bin/x” does not exist".
         std::string reason;
         friend bool operator==(const Failed&, const Failed&) = default;
     };
+    /// It was about to run, and it is not known how that ended, nor whether it has.
+    struct Unknown {
+        /// Why, as a part of a sentence.
+        std::string reason;
+        friend bool operator==(const Unknown&, const Unknown&) = default;
+    };
 
     /// How much of each stream is kept at most, in bytes: its end.
     static constexpr std::size_t kMostOutput = std::size_t{1} << 20U;
 
-    std::variant<Exited, Signalled, Failed> end;
+    std::variant<Exited, Signalled, Failed, Unknown> end;
     std::string standardOutput;
     std::string errorOutput;
 

@@ -21,7 +21,7 @@ struct ScriptOutput {
 
     /// The gist of `output`: its last lines, empty ones left out, and of those the end where they
     /// are long. Well-formed, without a line break at its end; empty when there are no such lines.
-    /// Takes a millisecond at most, whatever is printed.
+    /// Takes some milliseconds at most, whatever is printed.
     [[nodiscard]] static std::string excerpt(std::string_view output);
 };
 

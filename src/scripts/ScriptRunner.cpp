@@ -15,6 +15,8 @@ namespace {
 /// What a shell makes of what ended a command.
 constexpr std::int32_t kNotStartedStatus = 126;
 constexpr std::int32_t kSignalStatus = 128;
+/// What no program can end with.
+constexpr std::int32_t kUnknownStatus = -1;
 
 Dialogs::Confirmation questionAbout(const ScriptCommand& command, std::string_view argument) {
     std::string message =
@@ -124,6 +126,8 @@ void ScriptRunner::tell(const Running& script, const ProcessResult& result) {
     const ScriptOutput output{.standard = result.standardOutput, .error = result.errorOutput};
     if (const auto* failed = std::get_if<ProcessResult::Failed>(&result.end)) {
         fail(script, kNotStartedStatus, "Could not be run: " + failed->reason + ".");
+    } else if (const auto* unknown = std::get_if<ProcessResult::Unknown>(&result.end)) {
+        fail(script, kUnknownStatus, "How it ended is not known: " + unknown->reason + ".");
     } else if (const auto* signal = std::get_if<ProcessResult::Signalled>(&result.end)) {
         if (script.isStopping) { // as the user wanted
             around_.notifier.notify(script.command.name + " was stopped", output.message());

@@ -90,11 +90,13 @@ TEST_F(ScriptRunnerTest, EveryFailureIsKeptAndTold) {
     runEnding("d", {.end = ProcessResult::Signalled{.number = 9, .name = "SIGKILL"},
                     .errorOutput = "at work\n"});
     runEnding("e", {.end = ProcessResult::Failed{"it is not executable"}});
-    EXPECT_THAT(failures(), ElementsAre("e|126|Could not be run: it is not executable.",
-                                        "d|137|at work", "c|139|Exited with status 139.",
-                                        "b|1|Exited with status 1.", "a|2|no such host"));
+    runEnding("f", {.end = ProcessResult::Unknown{"the keeper has gone"}});
+    EXPECT_THAT(failures(),
+                ElementsAre("f|-1|How it ended is not known: the keeper has gone.",
+                            "e|126|Could not be run: it is not executable.", "d|137|at work",
+                            "c|139|Exited with status 139.", "b|1|Exited with status 1."));
     EXPECT_EQ(log.failures().front().date, Date{1000});
-    ASSERT_EQ(notifier.notifications.size(), 5U);
+    ASSERT_EQ(notifier.notifications.size(), 6U);
     EXPECT_EQ(notifier.notifications.front(), (Notification{"a failed", "no such host"}));
 }
 

@@ -7,6 +7,10 @@ namespace pello {
 /// What a keeper tells of its program, followed by the ends of its two streams.
 struct KeeperReport {
     enum class Outcome : std::int32_t {
+        /// The program is about to run. Another report follows when it has ended or cannot be run.
+        starting,
+        /// It has ended, and somebody else was told how.
+        lost,
         /// `value` is the status.
         exited,
         /// `value` is the signal.

@@ -13,6 +13,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -54,24 +55,39 @@ decltype(ProcessResult::end) endOf(const KeeperReport& report, const ProcessPlan
         return ProcessResult::Exited{report.value};
     case KeeperReport::Outcome::signalled:
         return ProcessResult::Signalled{.number = report.value, .name = signalName(report.value)};
+    case KeeperReport::Outcome::lost:
+        return ProcessResult::Unknown{"the system did not tell"};
     default:
         return ProcessResult::Failed{whyNotStarted(plan, report.outcome, report.value)};
     }
 }
 
+/// Takes a report off the beginning of what a keeper sent, if it is there completely.
+std::optional<KeeperReport> takeReport(std::string_view& sent) {
+    KeeperReport report;
+    if (sent.size() < sizeof report) {
+        return std::nullopt;
+    }
+    std::memcpy(&report, sent.data(), sizeof report);
+    sent.remove_prefix(sizeof report);
+    return report;
+}
+
 /// What a keeper sent until its end.
 ProcessResult resultOf(std::string_view sent, const ProcessPlan& plan) {
-    KeeperReport report;
-    if (sent.size() >= sizeof report) {
-        std::memcpy(&report, sent.data(), sizeof report);
-        sent.remove_prefix(sizeof report);
-        if (sent.size() == report.standardLength + report.errorLength) {
-            return {.end = endOf(report, plan),
-                    .standardOutput = std::string(sent.substr(0, report.standardLength)),
-                    .errorOutput = std::string(sent.substr(report.standardLength))};
-        }
+    auto report = takeReport(sent);
+    const bool hasBegun = report && report->outcome == KeeperReport::Outcome::starting;
+    if (hasBegun) {
+        report = takeReport(sent);
     }
-    return {.end = ProcessResult::Failed{"the process that watched over it has gone"}};
+    if (report && sent.size() == report->standardLength + report->errorLength) {
+        return {.end = endOf(*report, plan),
+                .standardOutput = std::string(sent.substr(0, report->standardLength)),
+                .errorOutput = std::string(sent.substr(report->standardLength))};
+    }
+    const std::string reason = "the process that watched over it has gone";
+    return hasBegun ? ProcessResult{.end = ProcessResult::Unknown{reason}}
+                    : ProcessResult{.end = ProcessResult::Failed{reason}};
 }
 
 } // namespace

@@ -117,6 +117,7 @@ private:
     void noticeEnd();
     [[nodiscard]] bool isTimeToReport() const;
     void report();
+    void sendReport();
     void send(OutputTail::Piece bytes);
 
     const ExecLayout& layout_;
@@ -137,6 +138,9 @@ bool Keeper::startProgram() {
     std::array<int, 2> obstacles{-1, -1};
     if (::pipe2(standard.data(), O_CLOEXEC) == 0 && ::pipe2(error.data(), O_CLOEXEC) == 0 &&
         ::pipe2(obstacles.data(), O_CLOEXEC) == 0) {
+        report_.outcome = KeeperReport::Outcome::starting;
+        sendReport();
+        report_ = KeeperReport();
         program_ = ::fork();
     }
     if (program_ == 0) {
@@ -256,11 +260,16 @@ void Keeper::takeRequests() {
 
 void Keeper::noticeEnd() {
     int status = 0;
-    if (::waitpid(program_, &status, WNOHANG) != program_) {
+    const pid_t ended = ::waitpid(program_, &status, WNOHANG);
+    if (ended != program_ && (ended == 0 || errno == EINTR)) {
         return;
     }
     hasEnded_ = true;
     endedAt_ = milliseconds();
+    if (ended != program_) {
+        report_ = {.outcome = KeeperReport::Outcome::lost};
+        return;
+    }
     const bool isSignalled = WIFSIGNALED(status);
     report_.outcome =
         isSignalled ? KeeperReport::Outcome::signalled : KeeperReport::Outcome::exited;
@@ -279,9 +288,7 @@ void Keeper::report() {
     error_.readPresent();
     report_.standardLength = standard_.tail.size();
     report_.errorLength = error_.tail.size();
-    std::array<char, sizeof report_> head{};
-    __builtin_memcpy(head.data(), &report_, sizeof report_);
-    send(head);
+    sendReport();
     for (const Stream* stream : {&standard_, &error_}) {
         for (const auto piece : stream->tail.pieces()) {
             send(piece);
@@ -290,6 +297,12 @@ void Keeper::report() {
     closeNumber(line_);
     standard_.tail.forget();
     error_.tail.forget();
+}
+
+void Keeper::sendReport() {
+    std::array<char, sizeof report_> head{};
+    __builtin_memcpy(head.data(), &report_, sizeof report_);
+    send(head);
 }
 
 /// Nobody may listen any more; the keeper goes on then.
@@ -307,6 +320,7 @@ void Keeper::send(OutputTail::Piece bytes) {
 /// Leaves behind what is not the keeper's business: everything that this process has open.
 void becomeKeeper(int line) {
     ::setsid();
+    ::signal(SIGCHLD, SIG_DFL); // where it is ignored, nobody is told how a child ends
     ::prctl(PR_SET_NAME, "pello-keeper");
     ::dup2(line, kLine);
     resetStandardStreams();

@@ -176,6 +176,17 @@ TEST_F(PosixProcessesTest, ProgramsGoOnPrintingWhenNobodyListensAnyMore) {
     EXPECT_FALSE(result.has_value());
 }
 
+TEST_F(PosixProcessesTest, TheEndIsKnownEvenWhereThisProcessIgnoresItsChildren) {
+    const auto before = ::signal(SIGCHLD, SIG_IGN);
+    EXPECT_EQ(run(script("exit 3")).end, End(Exited{3}));
+    ::signal(SIGCHLD, before);
+}
+
+TEST_F(PosixProcessesTest, AProgramWhoseKeeperIsKilledHasRunAllTheSame) {
+    EXPECT_EQ(run(script("kill -9 $PPID")).end,
+              End(ProcessResult::Unknown{"the process that watched over it has gone"}));
+}
+
 TEST_F(PosixProcessesTest, TheOneWhoIsToldMayEndItAll) {
     bool isTold = false;
     start({.file = script("exec sleep 1")}); // goes on
