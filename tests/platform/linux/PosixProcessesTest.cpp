@@ -71,7 +71,7 @@ TEST_F(PosixProcessesTest, TheProgramGetsWhatItIsGivenAndNothingElse) {
     ASSERT_EQ(::dup2(STDERR_FILENO, kLeak), kLeak);
     const auto program =
         script("pwd; env | grep -v -e ^PWD= -e ^_= | sort; printf '[%s]' \"$0\" \"$@\"; echo\n"
-               "cat; ls /proc/$$/fd | tr '\\n' ' '\n"
+               "cat; ls /proc/$$/fd\n"
                "set -- $(sed 's/.*) //' /proc/$$/stat); [ $3 = $$ ] && echo leads its group");
     start({.file = program,
            .arguments = {"it's \"$HOME\" `x`", "two\nlines", ""},
@@ -80,7 +80,7 @@ TEST_F(PosixProcessesTest, TheProgramGetsWhatItIsGivenAndNothingElse) {
     ::close(kLeak);
     EXPECT_EQ(awaitResult().standardOutput,
               "/usr\nGIVEN=this\nPATH=/usr/bin:/bin\nand that\n[" + program.string() +
-                  "][it's \"$HOME\" `x`][two\nlines][]\n0 1 10 2 leads its group\n");
+                  "][it's \"$HOME\" `x`][two\nlines][]\n0\n1\n10\n2\nleads its group\n");
     EXPECT_EQ(result->errorOutput, "");
 }
 
