@@ -92,7 +92,7 @@ std::string ScriptOutput::excerpt(std::string_view output) {
 }
 
 std::string ScriptOutput::message() const {
-    std::string gist = excerpt(standard);
+    const std::string gist = excerpt(standard);
     return gist.empty() ? excerpt(error) : gist;
 }
 

@@ -153,16 +153,18 @@ void X11Selection::Client::take(const xcb_generic_event_t& event) {
         return;
     }
     reading->awaitMore();
-    const X11Transfer::State state = reading->transfer->state();
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): only one that is there takes an event
+    X11Transfer& transfer = *reading->transfer;
+    const X11Transfer::State state = transfer.state();
     std::list<Reading> ended;
-    if (reading->transfer->isOver()) {
+    if (transfer.isOver()) {
         ended.splice(ended.begin(), readings_, reading);
         startNext();
     }
     if (state == X11Transfer::State::tooLong) {
         reading->tell(std::nullopt);
     } else if (state != X11Transfer::State::underWay) {
-        reading->tell(reading->transfer->takeText());
+        reading->tell(transfer.takeText());
     }
 }
 
