@@ -6,6 +6,9 @@
 #include <QProcess>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <sys/uio.h>
+#include <xcb/xcbext.h>
+#include <xcb/xinput.h>
 #include <xcb/xtest.h>
 
 #include <array>
@@ -100,10 +103,33 @@ public:
         fake(XCB_BUTTON_RELEASE, button);
     }
 
+    /// Unplugs a keyboard, as far as applications can tell, and plugs it in again.
+    void detachKeyboard(std::uint16_t number) { changeHierarchy({4, 2, number, 0}); }
+    void attachKeyboard(std::uint16_t number) { changeHierarchy({3, 2, number, 3}); }
+
     [[nodiscard]] xcb_connection_t* connection() const { return keyboard_->get(); }
     [[nodiscard]] xcb_window_t root() const { return keyboard_->root(); }
 
 private:
+    /// Kind of change, length in units of four bytes, device, and what it is attached to.
+    void changeHierarchy(const std::array<std::uint16_t, 4>& change) {
+        struct {
+            std::uint8_t major = 0;
+            std::uint8_t minor = 0;
+            std::uint16_t length = 0;
+            std::uint8_t count = 1;
+            std::array<std::uint8_t, 3> filling{};
+            std::array<std::uint16_t, 4> change{};
+        } request{.change = change};
+        std::array<iovec, 3> pieces{};
+        pieces[2] = {&request, sizeof request};
+        const xcb_protocol_request_t protocol{1, &xcb_input_id, XCB_INPUT_XI_CHANGE_HIERARCHY, 1};
+        const xcb_void_cookie_t sent{
+            xcb_send_request(connection(), XCB_REQUEST_CHECKED, &pieces[2], &protocol)};
+        const XcbReply<xcb_generic_error_t> error(xcb_request_check(connection(), sent));
+        EXPECT_EQ(error, nullptr);
+    }
+
     void ask(xcb_atom_t request, std::uint32_t number) {
         xcb_client_message_event_t message{};
         message.response_type = XCB_CLIENT_MESSAGE;

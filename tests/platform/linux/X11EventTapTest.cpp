@@ -1,16 +1,23 @@
 #include "platform/linux/X11EventTap.h"
 
+#include "keyboard/hotkeys/HyperKey.h"
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
+#include "platform/linux/X11InputVersion.h"
 #include "platform/linux/X11KeyCodes.h"
+#include "platform/linux/X11Keyboards.h"
+#include "platform/linux/X11UserKeyMapping.h"
 #include "support/DesktopKeyboard.h"
 #include "support/KeyTrace.h"
 #include "support/ProbeWindow.h"
+#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <optional>
+#include <random>
 #include <string>
 
 namespace pello {
@@ -48,17 +55,37 @@ protected:
         return keyboard_.play(trace);
     }
 
+    /// Waits until the tap and the application know of all that happened.
+    void catchUp() {
+        keyboard_.play("p:f5");
+        static_cast<void>(received());
+    }
+
     /// Waits until a change of the keyboard or of the manager is over for the tap, too.
     void settle() {
-        keyboard_.play("p:f5");
+        catchUp();
         turnQtUntil([this] { return keyboard_.x11Tap.isSettled(); });
-        static_cast<void>(received());
     }
 
     /// What reached the application so far.
     std::vector<std::string> received() {
         keyboard_.play("p:#94"); // which is kLast
         return probe_->receivedUntil(kLast);
+    }
+
+    static void setHyper(X11UserKeyMapping& mapping, const std::vector<HyperKey::Mapping>& all) {
+        EXPECT_EQ(mapping.run({"property", "--set", HyperKey::payload(all)}).status, 0);
+    }
+
+    /// The keyboard beside the one that obeys.
+    X11Keyboards::Device otherKeyboard() {
+        EXPECT_TRUE(X11InputVersion::of(display_.connection()).isEnough());
+        return X11Keyboards::of(display_.connection()).devices.back();
+    }
+
+    static std::string keymapOf(const X11Keyboards::Device& keyboard) {
+        return PrivateDisplay::run("xkbcomp -i " + std::to_string(keyboard.number) +
+                                   " $DISPLAY - 2>/dev/null");
     }
 
     PrivateDisplay display_;
@@ -155,6 +182,14 @@ TEST_P(X11EventTapTest, CommandTabHoldsTheKeyboardUntilCommandIsReleased) {
     EXPECT_EQ(keyboard_.play("p:rcmd"), "activate") << "nothing is stuck";
 }
 
+TEST_P(X11EventTapTest, WhileAMenuHasTheKeyboardTapsAreSeenAndCombosAreLeftToIt) {
+    probe_->openMenu();
+    const auto optionSpace = combo(virtualKeys::kSpace, modifiers::kOption);
+    EXPECT_EQ(play(optionSpace, "d:lopt D:space U:space u:lopt"), "");
+    EXPECT_THAT(received(), ElementsAre("d64", "d65/08", "u65", "u64"));
+    EXPECT_EQ(play(tapping(Activation::rightCommand), "p:rcmd"), "activate");
+}
+
 TEST_P(X11EventTapTest, CapsLockActivatesOnPressAndLeavesTheLockOff) {
     PrivateDisplay::run("xdotool key Caps_Lock");
     keyboard_.manager.configure(tapping(Activation::capsLock));
@@ -162,6 +197,123 @@ TEST_P(X11EventTapTest, CapsLockActivatesOnPressAndLeavesTheLockOff) {
         EXPECT_EQ(keyboard_.play("d:caps U:caps"), "activate") << press;
         EXPECT_THAT(PrivateDisplay::run("xset q"), ::testing::HasSubstr("Caps Lock:   off"));
     }
+}
+
+TEST_P(X11EventTapTest, HyperReachesApplicationsAndOtherProgramsGrabsWithFourModifiers) {
+    const TemporaryFolder folder;
+    X11UserKeyMapping mapping(folder.path());
+    HotkeyConfiguration hyper = combo(40, modifiers::kShortcutMask); // Hyper-K
+    hyper.hyperEnabled = true;
+    keyboard_.manager.configure(hyper);
+    setHyper(mapping, {HyperKey::kCapsLockToF18});
+    catchUp();
+    EXPECT_EQ(keyboard_.play("d:caps p:a d:lsh p:a u:lsh u:caps"), "");
+    EXPECT_THAT(received(),
+                ElementsAre("d66", "d38/4d", "u38", "d50/4d", "d38/4d", "u38", "u50", "u66"));
+    EXPECT_EQ(keyboard_.play("d:caps p:k u:caps"), "activate");
+    EXPECT_THAT(received(), ElementsAre("d66", "u66"));
+
+    hyper.activation = Activation::capsLock;
+    EXPECT_EQ(play(hyper, "d:caps t:200 u:caps"), "activate");
+    EXPECT_EQ(keyboard_.play("d:caps t:400 u:caps d:caps p:a u:caps d:caps b:1 u:caps"), "");
+    EXPECT_THAT(PrivateDisplay::run("xset q"), ::testing::HasSubstr("Caps Lock:   off"));
+
+    PrivateDisplay::run("setxkbmap us");
+    catchUp();
+    EXPECT_EQ(keyboard_.play("d:caps U:caps"), "") << "another program took the mapping away";
+}
+
+TEST_P(X11EventTapTest, NothingSticksAndNobodyWaitsWhileTheProgramStandsStill) {
+    constexpr int kKeys = 300;
+    HotkeyConfiguration all = tapping(Activation::rightCommand);
+    all.replacesCommandTab = true;
+    EXPECT_EQ(play(all, "d:rcmd"), "");
+    const std::size_t before = keyboard_.tap.told.size();
+    keyboard_.play("U:rcmd");
+    for (int key = 0; key < kKeys; ++key) {
+        keyboard_.play("D:a U:a");
+    }
+    display_.press(kLast);
+    EXPECT_THAT(probe_->pressedUntil(kLast), ::testing::SizeIs(kKeys + 1));
+    display_.release(kLast);
+    keyboard_.waitUntilTold(before + 1 + 2 * (kKeys + 1));
+    EXPECT_EQ(keyboard_.x11Tap.heldModifiers(), 0U);
+    EXPECT_EQ(keyboard_.play("t:10000"), "activate") << "the tap that it missed";
+    EXPECT_EQ(keyboard_.play("p:rcmd"), "activate");
+
+    EXPECT_EQ(keyboard_.play("d:lcmd p:tab U:lcmd t:100"), "advance+1 commit");
+    keyboard_.waitUntilTold(keyboard_.tap.told.size() + 1);
+    EXPECT_EQ(keyboard_.play("p:a p:rcmd"), "activate");
+}
+
+TEST_P(X11EventTapTest, NothingSticksWhenAKeyboardComesAndGoes) {
+    HotkeyConfiguration all = tapping(Activation::rightCommand);
+    all.replacesCommandTab = true;
+    const X11Keyboards::Device keyboard = otherKeyboard();
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(play(all, "d:lcmd p:tab"), "advance+1");
+        display_.detachKeyboard(keyboard.number);
+        display_.attachKeyboard(keyboard.number);
+        EXPECT_EQ(keyboard_.play("p:tab u:lcmd p:rcmd"), "advance+1 commit activate");
+    }
+    EXPECT_EQ(keyboard_.x11Tap.heldModifiers(), 0U);
+}
+
+TEST_P(X11EventTapTest, KeyboardsThatArePluggedInLaterHaveTheHyperKeyToo) {
+    const TemporaryFolder folder;
+    const std::string before = keymapOf(otherKeyboard());
+    const X11Keyboards::Device keyboard = otherKeyboard();
+    X11UserKeyMapping mapping(folder.path());
+    display_.detachKeyboard(keyboard.number);
+    setHyper(mapping, {HyperKey::kCapsLockToF18});
+    EXPECT_EQ(keymapOf(keyboard), before);
+    display_.attachKeyboard(keyboard.number);
+    turnQtUntil([&] { return keymapOf(keyboard) != before; });
+    setHyper(mapping, {});
+    EXPECT_EQ(keymapOf(keyboard), before);
+}
+
+/// What the handler wants to take is what the grabs did take, whatever is pressed.
+TEST_P(X11EventTapTest, TheAnswersAgreeWithWhatApplicationsGet) {
+    if (manager_ != nullptr) {
+        return; // it takes keys of its own
+    }
+    HotkeyConfiguration all = combo(virtualKeys::kSpace, modifiers::kOption);
+    all.glyphCombo = KeyCombo(0, modifiers::kControl | modifiers::kShift); // A
+    all.replacesCommandTab = true;
+    keyboard_.manager.configure(all);
+    std::mt19937 random(7);
+    const auto some = [&random](const auto& values) {
+        return values[std::uniform_int_distribution<std::size_t>(0, std::size(values) - 1)(random)];
+    };
+    constexpr const char* kModifiers[] = {"lopt", "lctl", "rsh", "lcmd", "ropt", "rcmd"};
+    constexpr const char* kKeys[] = {"space", "a", "tab", "b", "esc"};
+    for (int round = 0; round < 150; ++round) {
+        const std::string first = some(kModifiers);
+        std::string second = some(kModifiers);
+        second = second == first || round % 2 == 0 ? "" : second;
+        keyboard_.play("d:" + first + (second.empty() ? "" : " d:" + second));
+        keyboard_.play(std::string("p:") + some(kKeys) + (second.empty() ? "" : " u:" + second) +
+                       " u:" + first);
+    }
+    std::vector<std::uint16_t> passed;
+    std::size_t taken = 0;
+    for (const auto& [event, isTaken] : keyboard_.tap.told) {
+        const bool isPress = event.kind == InputEvent::Kind::keyDown;
+        taken += isPress && isTaken ? 1 : 0;
+        if (isPress && !isTaken) {
+            passed.push_back(event.keyCode);
+        }
+    }
+    display_.press(kLast);
+    std::vector<std::uint16_t> seen;
+    for (const xcb_keycode_t key : probe_->pressedUntil(kLast)) {
+        if (const auto code = x11Keys::virtualKey(key); x11Keys::modifierOf(code) == 0) {
+            seen.push_back(code);
+        }
+    }
+    EXPECT_EQ(seen, passed);
+    EXPECT_GT(taken, 5U);
 }
 
 TEST_P(X11EventTapTest, ABrokenConnectionIsNoticedAndNothingElseHappens) {
