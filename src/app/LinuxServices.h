@@ -8,7 +8,7 @@
 #include "platform/linux/Environment.h"
 #include "platform/linux/GioAddressHandlers.h"
 #include "platform/linux/PlistUserDefaults.h"
-#include "platform/linux/PosixFileAccess.h"
+#include "platform/posix/PosixFileAccess.h"
 #include "platform/linux/PosixProcesses.h"
 #include "platform/linux/XdgFolders.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/PosixFileAccess.h"
+#include "platform/posix/PosixFileAccess.h"
 
 #include <fcntl.h>
 #include <unistd.h>
