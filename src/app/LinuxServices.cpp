@@ -1,14 +1,15 @@
 #include "app/LinuxServices.h"
 
 #include "platform/PelloLog.h"
-#include "platform/linux/ShellLoginEnvironment.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/memory/MemoryLoginEnvironment.h"
+#include "platform/posix/ShellLoginEnvironment.h"
 
 #include <QDBusConnection>
 
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace pello {
 namespace {
@@ -31,15 +32,16 @@ QDBusConnection busOf(LinuxServices::Session session, const Environment& environ
 
 std::unique_ptr<LoginEnvironment> environmentOf(LinuxServices& services,
                                                 LinuxServices::Session session) {
+    auto inherited = services.environment.forOtherPrograms().variables;
     if (session == LinuxServices::Session::connected) {
         return std::make_unique<ShellLoginEnvironment>(
             services.processes, services.surface.loop, *services.log,
             ShellLoginEnvironment::Session{.shell = loginShell(),
                                            .home = services.folders.home,
-                                           .inherited = services.environment});
+                                           .inherited = std::move(inherited)});
     }
     auto known = std::make_unique<MemoryLoginEnvironment>();
-    known->become(services.environment.forOtherPrograms().variables);
+    known->become(std::move(inherited));
     return known;
 }
 

@@ -4,7 +4,6 @@
 #include "platform/LoginEnvironment.h"
 #include "platform/MainLoop.h"
 #include "platform/Processes.h"
-#include "platform/linux/Environment.h"
 
 #include <chrono>
 #include <filesystem>
@@ -23,11 +22,12 @@ namespace pello {
 /// in for it.
 class ShellLoginEnvironment final : public LoginEnvironment {
 public:
-    /// Where the shell runs, and what it and scripts have if it does not help.
+    /// Where the shell runs, and what it has to begin with and scripts if it does not help: the
+    /// environment of this process, less what only this process was told.
     struct Session {
         std::filesystem::path shell;
         std::filesystem::path home;
-        Environment inherited;
+        EnvironmentVariables inherited;
     };
 
     /// How long the shell has.

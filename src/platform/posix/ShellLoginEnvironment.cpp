@@ -1,4 +1,4 @@
-#include "platform/linux/ShellLoginEnvironment.h"
+#include "platform/posix/ShellLoginEnvironment.h"
 
 #include "base/Text.h"
 
@@ -47,9 +47,7 @@ std::string whyNotTold(const ProcessResult& result) {
 
 ShellLoginEnvironment::ShellLoginEnvironment(Processes& processes, MainLoop& loop, Log& log,
                                              const Session& session)
-    : log_(log),
-      shell_(session.shell.string()),
-      inherited_(session.inherited.forOtherPrograms().variables) {
+    : log_(log), shell_(session.shell.string()), inherited_(session.inherited) {
     const auto process =
         processes.start({.file = session.shell,
                          // What a shell is called when somebody logs in.
