@@ -56,7 +56,12 @@ AgentKeyboard::AgentKeyboard(PelloController& controller, const Platform& platfo
                 .program = program_,
                 .defaults = platform.defaults,
                 .log = platform.log}),
-      control_(controller, manager_, shell_) {}
+      control_(controller, manager_, shell_),
+      claim_(platform.loop, [this] { return tap_.hasKeyboard(); }) {
+    control_.beforeOpening = [this](std::function<void()> open) {
+        claim_.begin([open = std::move(open)](X11KeyboardClaim::Outcome /*outcome*/) { open(); });
+    };
+}
 
 void AgentKeyboard::start() {
     mapping_.takeOver();

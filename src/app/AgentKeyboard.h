@@ -5,13 +5,14 @@
 #include "core/controller/KeyboardControl.h"
 #include "core/controller/PelloController.h"
 #include "keyboard/hotkeys/HotkeyManager.h"
+#include "platform/linux/DesktopSessionEvents.h"
 #include "platform/linux/LinuxShell.h"
 #include "platform/linux/ThisProgram.h"
 #include "platform/linux/UnrestrictedKeys.h"
 #include "platform/linux/X11EventTap.h"
+#include "platform/linux/X11KeyboardClaim.h"
 #include "platform/linux/X11KeyboardLayout.h"
 #include "platform/linux/X11UserKeyMapping.h"
-#include "platform/memory/MemorySessionEvents.h"
 
 #include <filesystem>
 #include <functional>
@@ -46,9 +47,10 @@ private:
     LinuxShell shell_;
     ThisProgram program_;
     UnrestrictedKeys permissions_;
-    MemorySessionEvents session_;
+    DesktopSessionEvents session_;
     HotkeyManager manager_;
     KeyboardControl control_;
+    X11KeyboardClaim claim_;
 };
 
 } // namespace pello

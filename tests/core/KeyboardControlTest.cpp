@@ -77,6 +77,18 @@ TEST_F(KeyboardControlTest, TheKeysOfTheSettingsOpenThePanelAtOnce) {
     keyboard.play("d:rcmd t:90 u:rcmd");
     EXPECT_FALSE(panel.isPresented());
 
+    std::function<void()> waiting;
+    control.beforeOpening = [&](std::function<void()> open) { waiting = std::move(open); };
+    keyboard.play("d:rcmd t:90 u:rcmd");
+    EXPECT_FALSE(panel.isPresented()) << "the keyboard is not free yet";
+    waiting();
+    EXPECT_TRUE(panel.isPresented());
+    waiting = nullptr;
+    keyboard.play("d:rcmd t:90 u:rcmd");
+    EXPECT_FALSE(panel.isPresented()) << "nothing has to be free for that";
+    EXPECT_FALSE(waiting);
+    control.beforeOpening = nullptr;
+
     launcher.settings.glyphCombo.set(KeyCombo(5, KeyCombo::kOption)); // ⌥G
     launcher.settings.activation.set(Activation::rightOption);
     keyboard.play("d:rcmd t:90 u:rcmd");

@@ -77,6 +77,17 @@ class KeyboardTest(case.LauncherCase):
         typed.until(lambda line: heard.append(line) or "keysym 0x7a, z" in line, "the last letter")
         self.assertFalse([line for line in heard if "space" in line or "keysym 0x67" in line])
 
+    def test_an_open_menu_gives_way_to_the_panel(self):
+        self.start_pello()
+        self.desktop.watch(["xev", "-name", "Editor"])
+        self.desktop.wait_for_active("Editor")
+        self.desktop.run("xdotool", "key", "alt+space")  # the window's menu, which takes all keys
+        self.tap(RIGHT_SUPER)
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.desktop.type("zebra")
+        self.desktop.key("Return")
+        self.expect_mark("Zebra")
+
     def test_caps_lock_is_the_hyper_key_until_pello_quits(self):
         before = self.keymap()
         self.set("activation", "capsLock")

@@ -2,12 +2,28 @@
 
 #include "keyboard/hotkeys/HyperKey.h"
 
+#include <utility>
+
 namespace pello {
 
 KeyboardControl::KeyboardControl(PelloController& controller, HotkeyManager& hotkey, Shell& shell)
     : controller_(controller), hotkey_(hotkey), shell_(shell) {
-    hotkey_.onActivate = [this] { controller_.toggle(); };
-    hotkey_.onActivateGlyphPicker = [this] { controller_.show(":"); };
+    hotkey_.onActivate = [this] {
+        if (controller_.isPresented()) {
+            controller_.hide();
+        } else {
+            open([this] { controller_.toggle(); });
+        }
+    };
+    hotkey_.onActivateGlyphPicker = [this] { open([this] { controller_.show(":"); }); };
+}
+
+void KeyboardControl::open(std::function<void()> action) {
+    if (beforeOpening) {
+        beforeOpening(std::move(action));
+    } else {
+        action();
+    }
 }
 
 KeyboardControl::~KeyboardControl() {

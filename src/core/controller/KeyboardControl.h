@@ -4,6 +4,7 @@
 #include "keyboard/hotkeys/HotkeyManager.h"
 #include "platform/Shell.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -30,10 +31,15 @@ public:
     /// left to a successor. Waits for the system's tool.
     void finish(Successor successor);
 
+    /// Makes the keyboard free for the panel and then calls its argument, at once where it can;
+    /// without it, nothing has to be done for that.
+    std::function<void(std::function<void()> open)> beforeOpening;
+
     /// The state of the Hyper mapping that was applied last; nothing before the first time.
     [[nodiscard]] std::optional<bool> appliedHyperMapping() const { return appliedHyperMapping_; }
 
 private:
+    void open(std::function<void()> action);
     void configureHotkey();
     void applyHyperKeyMapping();
     void hyperKeyMappingApplied();

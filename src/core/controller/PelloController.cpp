@@ -325,7 +325,7 @@ void PelloController::show(std::string_view prefilling) {
 /// The rows of running scripts say for how long, as long as somebody can see it.
 void PelloController::keepTime() {
     nextSecond_ = {};
-    if (!parts_.runningScripts.isEmpty() && panel_ != nullptr && panel_->isPresented()) {
+    if (!parts_.runningScripts.isEmpty() && isPresented()) {
         nextSecond_ = parts_.loop.after(std::chrono::seconds(1), [this] {
             refresh();
             keepTime();
@@ -334,13 +334,13 @@ void PelloController::keepTime() {
 }
 
 void PelloController::hide() {
-    if (panel_ != nullptr && panel_->isPresented()) {
+    if (isPresented()) {
         panel_->dismiss();
     }
 }
 
 void PelloController::toggle() {
-    if (panel_ != nullptr && panel_->isPresented()) {
+    if (isPresented()) {
         hide();
     } else {
         show();

@@ -113,6 +113,7 @@ public:
     void show(std::string_view prefilling = {});
     void hide();
     void toggle();
+    [[nodiscard]] bool isPresented() const { return panel_ != nullptr && panel_->isPresented(); }
 
     /// How often the panel was presented.
     [[nodiscard]] int presentationToken() const { return presentationToken_; }
