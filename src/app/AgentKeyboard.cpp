@@ -1,6 +1,7 @@
 #include "app/AgentKeyboard.h"
 
 #include "keyboard/hotkeys/HyperKey.h"
+#include "keyboard/hotkeys/Permissions.h"
 #include "keyboard/keys/KeyCombo.h"
 
 #include <algorithm>
@@ -42,6 +43,7 @@ std::string_view reasonOf(X11Grab::State state) {
 AgentKeyboard::AgentKeyboard(PelloController& controller, const Platform& platform,
                              const std::filesystem::path& folder, const std::function<void()>& quit)
     : controller_(controller),
+      defaults_(platform.defaults),
       tap_(platform.loop),
       mapping_(folder),
       shell_(platform.loop, {{X11UserKeyMapping::kToolPath,
@@ -65,6 +67,8 @@ AgentKeyboard::AgentKeyboard(PelloController& controller, const Platform& platfo
 
 void AgentKeyboard::start() {
     mapping_.takeOver();
+    // There is nothing to grant on X; a flag from elsewhere must not outlive this launch.
+    (void)Permissions::takeExpectedRegrant(defaults_);
     control_.start();
 }
 

@@ -41,6 +41,7 @@ private:
     [[nodiscard]] std::vector<KeyboardReport::Grab> grabs() const;
 
     PelloController& controller_;
+    UserDefaults& defaults_;
     X11EventTap tap_;
     X11KeyboardLayout layout_;
     X11UserKeyMapping mapping_;

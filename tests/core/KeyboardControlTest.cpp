@@ -105,6 +105,16 @@ TEST_F(KeyboardControlTest, TheKeysOfTheSettingsOpenThePanelAtOnce) {
     EXPECT_FALSE(keyboard.tap.request());
 }
 
+TEST_F(KeyboardControlTest, WhyNothingIsHeardStandsInThePanelOnce) {
+    keyboard.tap.canBeInstalled = false;
+    keyboard.tap.whyNever = "No keyboard here.";
+    control.start();
+    EXPECT_EQ(launcher.controller.notice(), "No keyboard here.");
+    launcher.controller.dismissNotice();
+    keyboard.loop.advance(std::chrono::minutes(2));
+    EXPECT_EQ(launcher.controller.notice(), std::nullopt);
+}
+
 TEST_F(KeyboardControlTest, WhatWasInstalledIsRemovedAndWhatWasFoundIsLeft) {
     auto& settings = launcher.settings;
     control.start();

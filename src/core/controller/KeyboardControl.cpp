@@ -37,7 +37,15 @@ void KeyboardControl::start() {
         configureHotkey();
     };
     following_ = controller_.settings().changed.connect(follow);
+    health_ = hotkey_.changed.connect([this] { reportFailure(); });
     follow();
+}
+
+void KeyboardControl::reportFailure() {
+    const auto& failure = hotkey_.lastFailure();
+    if (std::exchange(reported_, failure) != failure && failure) {
+        controller_.report(*failure);
+    }
 }
 
 void KeyboardControl::configureHotkey() {
@@ -87,6 +95,7 @@ void KeyboardControl::hyperKeyMappingApplied() {
 
 void KeyboardControl::finish(Successor successor) {
     following_ = {};
+    health_ = {};
     hotkey_.stop();
     auto& owns = controller_.settings().ownsHyperMapping;
     if (owns.get() && successor == Successor::none) {

@@ -24,7 +24,8 @@ public:
     KeyboardControl(const KeyboardControl&) = delete;
     KeyboardControl& operator=(const KeyboardControl&) = delete;
 
-    /// Applies the Hyper mapping, then listens; and both again whenever their settings change.
+    /// Applies the Hyper mapping, then listens; and both again whenever their settings change. What
+    /// keeps the listener from working is shown in the panel.
     void start();
 
     /// For the end of the program: gives the keyboard back as it was before. The Hyper mapping is
@@ -40,6 +41,7 @@ public:
 
 private:
     void open(std::function<void()> action);
+    void reportFailure();
     void configureHotkey();
     void applyHyperKeyMapping();
     void hyperKeyMappingApplied();
@@ -49,7 +51,9 @@ private:
     Shell& shell_;
     std::optional<bool> appliedHyperMapping_;
     bool isApplying_ = false;
+    std::optional<std::string> reported_;
     Subscription following_;
+    Subscription health_;
     std::shared_ptr<int> alive_ = std::make_shared<int>();
 };
 
