@@ -9,6 +9,8 @@
 
 namespace pello {
 
+class X11KeyboardListener;
+
 /// Listens to the keyboard of the X server that DISPLAY names, on a connection of its own, and
 /// takes the keys that it was asked to take.
 ///
@@ -49,10 +51,8 @@ public:
     [[nodiscard]] bool hasKeyboard() const;
 
 private:
-    class Listener;
-
     MainLoop& loop_;
-    std::shared_ptr<Listener> listener_;
+    std::shared_ptr<X11KeyboardListener> listener_;
 };
 
 } // namespace pello

@@ -67,7 +67,7 @@ X11KeyboardClaim::X11KeyboardClaim(MainLoop& loop, std::function<bool()> isOurs)
     : loop_(loop), isOurs_(std::move(isOurs)) {}
 X11KeyboardClaim::~X11KeyboardClaim() = default;
 
-void X11KeyboardClaim::begin(Done done) {
+void X11KeyboardClaim::begin(const Done& done) {
     next_.reset();
     if (!client_ || !client_->isUsable()) {
         client_ = std::make_unique<Client>();

@@ -32,7 +32,7 @@ public:
     /// until it lets go or did not several times. `done` is called once: at once where the keyboard
     /// is free or there is no server, else soon; not when another claim or the end of this object
     /// comes before. For windows about to be shown: whoever has the focus sees it leave and return.
-    void begin(Done done);
+    void begin(const Done& done);
 
     /// Gives up; `done` is not called any more.
     void cancel() { next_.reset(); }

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
 #include <utility>
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -56,7 +55,7 @@ public:
         if (!connection_.isBroken()) {
             watchXkb(connection_.get(),
                      XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY);
-            keys_.emplace(connection_.get());
+            keys_ = std::make_unique<X11KeyFinder>(connection_.get());
         }
     }
 
@@ -81,12 +80,12 @@ private:
             isStale = true;
         }
         if (isStale) {
-            keys_.emplace(connection_.get());
+            keys_ = std::make_unique<X11KeyFinder>(connection_.get());
         }
     }
 
     X11Connection connection_;
-    std::optional<X11KeyFinder> keys_;
+    std::unique_ptr<X11KeyFinder> keys_;
 };
 
 X11KeyboardLayout::X11KeyboardLayout() : client_(std::make_unique<Client>()) {}

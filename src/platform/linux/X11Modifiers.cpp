@@ -3,6 +3,7 @@
 #include "platform/ModifierFlags.h"
 #include "platform/linux/Xcb.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -13,12 +14,8 @@ namespace {
 using Symbols = std::span<const xcb_keysym_t>;
 
 bool holds(Symbols symbols, xcb_keysym_t one, xcb_keysym_t other) {
-    for (const xcb_keysym_t symbol : symbols) {
-        if (symbol == one || symbol == other) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(
+        symbols, [=](xcb_keysym_t symbol) { return symbol == one || symbol == other; });
 }
 
 /// The symbols of every key.
