@@ -81,8 +81,8 @@ bool X11HyperKey::putOn(const std::vector<X11Keyboards::Device>& keyboards) {
         return false;
     }
     const X11Key hyper = X11Key::settingModifiers(kKey, all);
-    const bool isDone = saved_.write() && std::ranges::all_of(changed, [&](std::uint16_t keyboard) {
-                            return writeKey(connection_.get(), keyboard, kKey, hyper);
+    const bool isDone = saved_.write() && std::ranges::all_of(changed, [&](std::uint16_t device) {
+                            return writeKey(connection_.get(), device, kKey, hyper);
                         });
     if (!isDone) {
         restore();
