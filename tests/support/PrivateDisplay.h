@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/Xcb.h"
 #include "support/QtTurns.h"
 
 #include <QProcess>
@@ -158,7 +159,9 @@ private:
     void fake(std::uint8_t event, std::uint8_t detail) {
         xcb_test_fake_input(connection(), event, detail, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0,
                             0);
-        xcb_flush(connection());
+        // Once it answers, the key is down for everybody who asks.
+        const XcbReply<xcb_get_input_focus_reply_t> done(
+            xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
     }
 
     QProcess server_;
