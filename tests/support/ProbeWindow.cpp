@@ -34,7 +34,9 @@ ProbeWindow::ProbeWindow() : window_(xcb_generate_id(connection_.get())) {
     for (bool isFocused = false; !isFocused;) {
         const unsigned kind = kindOf(next());
         isFocused = kind == XCB_FOCUS_IN;
-        if (kind == XCB_MAP_NOTIFY) { // where a manager gives it the focus besides, that is no harm
+        // Where a manager gives it the focus besides, that is no harm. Until the manager has mapped
+        // its frame, the answer is an error.
+        if (kind == XCB_MAP_NOTIFY || kind == 0) {
             xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_PARENT, window_,
                                 XCB_CURRENT_TIME);
             xcb_flush(connection_.get());
