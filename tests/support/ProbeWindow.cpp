@@ -23,7 +23,7 @@ unsigned kindOf(const XcbReply<xcb_generic_event_t>& event) {
 
 } // namespace
 
-ProbeWindow::ProbeWindow() : window_(xcb_generate_id(connection_.get())) {
+ProbeWindow::ProbeWindow(Manager manager) : window_(xcb_generate_id(connection_.get())) {
     const std::uint32_t events = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
                                  XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window_, connection_.root(), 0, 0,
@@ -31,9 +31,16 @@ ProbeWindow::ProbeWindow() : window_(xcb_generate_id(connection_.get())) {
                       XCB_CW_EVENT_MASK, &events);
     xcb_map_window(connection_.get(), window_);
     xcb_flush(connection_.get());
-    for (bool isFocused = false; !isFocused;) {
+    bool isFocused = false;
+    bool isInPlace = manager == Manager::none;
+    while (!isFocused || !isInPlace) {
         const unsigned kind = kindOf(next());
-        isFocused = kind == XCB_FOCUS_IN;
+        isInPlace = isInPlace || kind == XCB_REPARENT_NOTIFY;
+        if (kind == XCB_FOCUS_IN) {
+            isFocused = true;
+        } else if (kind == XCB_FOCUS_OUT || kind == XCB_UNMAP_NOTIFY) {
+            isFocused = false; // it moves into its frame
+        }
         // Where a manager gives it the focus besides, that is no harm. Until the manager has mapped
         // its frame, the answer is an error.
         if (kind == XCB_MAP_NOTIFY || kind == 0) {

@@ -13,8 +13,11 @@ namespace pello {
 /// A focused window of an application, which notes the keys that reach it.
 class ProbeWindow {
 public:
-    /// Waits until the window has the keyboard.
-    ProbeWindow();
+    /// Whether a window manager is there, which puts a frame around the window.
+    enum class Manager { none, present };
+
+    /// Waits until the window is in its frame, if it is to have one, and has the keyboard.
+    explicit ProbeWindow(Manager manager);
 
     /// What arrived since the last call, up to the press of the key `last`, which is waited for and
     /// left out: "d38" is a press of key 38, "u38" its release, "d38/4d" a press with these of the

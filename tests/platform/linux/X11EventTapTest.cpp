@@ -47,7 +47,8 @@ protected:
         if (const std::string manager = GetParam(); !manager.empty()) {
             manager_ = &display_.startManager(manager);
         }
-        probe_.emplace();
+        probe_.emplace(manager_ != nullptr ? ProbeWindow::Manager::present
+                                           : ProbeWindow::Manager::none);
     }
 
     std::string play(const HotkeyConfiguration& configuration, std::string_view trace) {
@@ -163,7 +164,8 @@ TEST_P(X11EventTapTest, CombosSurviveAWindowManagersStart) {
     keyboard_.manager.configure(both);
     PrivateDisplay::end(*manager_);
     display_.startManager(GetParam());
-    probe_.emplace(); // not every manager gives old windows the keyboard
+    probe_.emplace(
+        ProbeWindow::Manager::present); // not every manager gives old windows the keyboard
     settle();
     EXPECT_EQ(keyboard_.play("d:lopt p:tab p:#70 u:lopt"), "activate glyphs");
 }
