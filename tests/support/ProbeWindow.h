@@ -17,7 +17,7 @@ public:
     enum class Manager { none, present };
 
     /// Waits until the window is in its frame, if it is to have one, and has the keyboard.
-    explicit ProbeWindow(Manager manager);
+    explicit ProbeWindow(Manager manager = Manager::none);
 
     /// What arrived since the last call, up to the press of the key `last`, which is waited for and
     /// left out: "d38" is a press of key 38, "u38" its release, "d38/4d" a press with these of the
