@@ -1,11 +1,10 @@
 #include "core/settings/SettingForm.h"
 
 #include "base/DecimalText.h"
+#include "core/settings/NumberRange.h"
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-#include <array>
 #include <charconv>
 #include <system_error>
 
@@ -14,33 +13,6 @@ namespace {
 
 using Paths = std::vector<std::filesystem::path>;
 using nlohmann::json;
-
-struct NumberRange {
-    std::string_view key;
-    int least;
-    int most;
-
-    template <class Number>
-    [[nodiscard]] bool contains(Number number) const {
-        return number >= static_cast<Number>(least) && number <= static_cast<Number>(most);
-    }
-    [[nodiscard]] std::string words() const {
-        return "from " + std::to_string(least) + " to " + std::to_string(most);
-    }
-};
-
-constexpr std::array kRanges{
-    NumberRange{.key = "maximumResults", .least = 1, .most = 50},
-    NumberRange{.key = "fontSize", .least = 8, .most = 72},
-    NumberRange{.key = "switcherIconSize", .least = 12, .most = 128},
-    NumberRange{.key = "commandTabIconSize", .least = 12, .most = 128},
-};
-
-NumberRange rangeOf(std::string_view key) {
-    const auto* const range = std::find_if(kRanges.begin(), kRanges.end(),
-                                           [key](const auto& entry) { return entry.key == key; });
-    return range != kRanges.end() ? *range : NumberRange{.key = key, .least = 1, .most = 1000};
-}
 
 json parseJSON(std::string_view text) {
     return json::parse(text, nullptr, /*allow_exceptions=*/false);
@@ -85,14 +57,14 @@ std::optional<std::int64_t> SettingForm<std::int64_t>::parse(std::string_view te
     std::int64_t number = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool isWhole = error == std::errc{} && stop == text.data() + text.size();
-    if (!isWhole || !rangeOf(key).contains(number)) {
+    if (!isWhole || !NumberRange::of(key).contains(number)) {
         return std::nullopt;
     }
     return number;
 }
 
 std::string SettingForm<std::int64_t>::expected(std::string_view key) {
-    return "a whole number " + rangeOf(key).words();
+    return "a whole number " + NumberRange::of(key).words();
 }
 
 std::string SettingForm<double>::text(double value) {
@@ -101,11 +73,11 @@ std::string SettingForm<double>::text(double value) {
 
 std::optional<double> SettingForm<double>::parse(std::string_view text, std::string_view key) {
     const auto number = parseDecimal(text);
-    return number && rangeOf(key).contains(*number) ? number : std::nullopt;
+    return number && NumberRange::of(key).contains(*number) ? number : std::nullopt;
 }
 
 std::string SettingForm<double>::expected(std::string_view key) {
-    return "a number " + rangeOf(key).words();
+    return "a number " + NumberRange::of(key).words();
 }
 
 std::optional<KeyCombo> SettingForm<KeyCombo>::parse(std::string_view text,
