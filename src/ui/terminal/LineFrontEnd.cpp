@@ -1,4 +1,4 @@
-#include "ui/terminal/TerminalFrontEnd.h"
+#include "ui/terminal/LineFrontEnd.h"
 
 #include "base/Text.h"
 
@@ -29,11 +29,11 @@ std::optional<int> rowNumber(std::string_view line, std::size_t rows) {
 
 } // namespace
 
-TerminalFrontEnd::TerminalFrontEnd(PelloController& controller, std::function<void()> turn,
-                                   std::istream& input, std::ostream& output)
+LineFrontEnd::LineFrontEnd(PelloController& controller, std::function<void()> turn,
+                           std::istream& input, std::ostream& output)
     : controller_(controller), turn_(std::move(turn)), input_(input), output_(output) {}
 
-void TerminalFrontEnd::run() {
+void LineFrontEnd::run() {
     output_ << "Type to search, a number to run that row, Return to run the first. Ctrl+D ends.\n";
     turn_();
     showRows();
@@ -49,7 +49,7 @@ void TerminalFrontEnd::run() {
     }
 }
 
-void TerminalFrontEnd::answer(std::string_view line) {
+void LineFrontEnd::answer(std::string_view line) {
     const auto trimmed = text::trimmingBlanks(line);
     if (trimmed.empty()) {
         runRow(0);
@@ -63,7 +63,7 @@ void TerminalFrontEnd::answer(std::string_view line) {
     showRows();
 }
 
-void TerminalFrontEnd::runRow(int row) {
+void LineFrontEnd::runRow(int row) {
     if (controller_.results().empty()) {
         return;
     }
@@ -77,7 +77,7 @@ void TerminalFrontEnd::runRow(int row) {
     controller_.show();
 }
 
-void TerminalFrontEnd::showRows() {
+void LineFrontEnd::showRows() {
     int number = 0;
     const auto all = controller_.results();
     for (const SearchResult& result : all.first(std::min(all.size(), kRowsAtOnce))) {
@@ -97,7 +97,7 @@ void TerminalFrontEnd::showRows() {
     showNotice();
 }
 
-void TerminalFrontEnd::showNotice() {
+void LineFrontEnd::showNotice() {
     if (const auto& notice = controller_.notice(); notice) {
         output_ << "! " << *notice << '\n';
         controller_.dismissNotice();

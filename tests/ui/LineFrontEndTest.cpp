@@ -1,4 +1,4 @@
-#include "ui/terminal/TerminalFrontEnd.h"
+#include "ui/terminal/LineFrontEnd.h"
 
 #include "platform/qt/TerminalPasteboard.h"
 #include "support/MemoryLauncher.h"
@@ -15,15 +15,15 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class TerminalFrontEndTest : public testing::Test {
+class LineFrontEndTest : public testing::Test {
 protected:
-    TerminalFrontEndTest() { launcher.install({"Safari", "Safe Mode", "Terminal"}); }
+    LineFrontEndTest() { launcher.install({"Safari", "Safe Mode", "Terminal"}); }
 
     /// What a user who types these lines sees.
     std::string converse(const std::string& lines) {
         std::istringstream input(lines);
         std::ostringstream output;
-        TerminalFrontEnd(
+        LineFrontEnd(
             launcher.controller, [this] { launcher.loop.settle(); }, input, output)
             .run();
         return output.str();
@@ -32,7 +32,7 @@ protected:
     MemoryLauncher launcher;
 };
 
-TEST_F(TerminalFrontEndTest, AnEmptyLineRunsTheFirstRowANumberThatOneAndTextSearches) {
+TEST_F(LineFrontEndTest, AnEmptyLineRunsTheFirstRowANumberThatOneAndTextSearches) {
     EXPECT_THAT(converse("saf\n\n"), HasSubstr(" 1  Safari"));
     EXPECT_THAT(converse("saf\n2\n"), HasSubstr("Running Safe Mode"));
     EXPECT_THAT(converse("saf\n4\n"), HasSubstr("Search for “4”"));
@@ -41,7 +41,7 @@ TEST_F(TerminalFrontEndTest, AnEmptyLineRunsTheFirstRowANumberThatOneAndTextSear
     EXPECT_THAT(launcher.workspace.openedAddresses, ElementsAre("https://duckduckgo.com/?q=xyz"));
 }
 
-TEST_F(TerminalFrontEndTest, AnAnswerGoesToTheTerminalsPasteboard) {
+TEST_F(LineFrontEndTest, AnAnswerGoesToTheTerminalsPasteboard) {
     std::ostringstream terminal;
     TerminalPasteboard pasteboard(terminal);
     pasteboard.setText("3.1 mi");
@@ -52,7 +52,7 @@ TEST_F(TerminalFrontEndTest, AnAnswerGoesToTheTerminalsPasteboard) {
     EXPECT_EQ(launcher.pasteboard.text(), "42");
 }
 
-TEST_F(TerminalFrontEndTest, NoticesAreShownOnce) {
+TEST_F(LineFrontEndTest, NoticesAreShownOnce) {
     launcher.controller.report("The disk is full.");
     const std::string seen = converse("saf\nsafe\n");
     EXPECT_THAT(seen, HasSubstr("! The disk is full."));

@@ -10,11 +10,11 @@ namespace pello {
 
 /// The launcher in a terminal, line by line: a text searches, a number runs that row, an empty line
 /// runs the first. Works on any terminal and on a pipe.
-class TerminalFrontEnd {
+class LineFrontEnd {
 public:
     /// `turn` lets the main loop do what is due. Everything must outlive the front end.
-    TerminalFrontEnd(PelloController& controller, std::function<void()> turn, std::istream& input,
-                     std::ostream& output);
+    LineFrontEnd(PelloController& controller, std::function<void()> turn, std::istream& input,
+                 std::ostream& output);
 
     /// Converses until the input ends.
     void run();
