@@ -71,8 +71,8 @@ void RecordView::moveCurrent(int step) {
     }
 }
 
-/// The row is dragged as an opaque picture below the pointer: see-through ones turn black on
-/// desktops without a compositor, and one at the pointer would hide the line where it is dropped.
+/// The picture of the row hangs below the pointer, where it does not hide the line between the rows
+/// that it would be dropped at.
 void RecordView::startDrag(Qt::DropActions /*actions*/) {
     const QModelIndex first = currentIndex().siblingAtColumn(0);
     const QModelIndex last = currentIndex().siblingAtColumn(table_.columnCount({}) - 1);

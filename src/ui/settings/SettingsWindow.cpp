@@ -278,11 +278,12 @@ void SettingsWindow::takePalette() {
     isTakingPalette_ = false;
 }
 
-void SettingsWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange && !isTakingPalette_) {
+bool SettingsWindow::event(QEvent* event) {
+    const bool isDesktops = event->type() == QEvent::ApplicationPaletteChange;
+    if ((isDesktops || event->type() == QEvent::PaletteChange) && !isTakingPalette_) {
         takePalette(); // the desktop went from light to dark, or back
     }
-    QWidget::changeEvent(event);
+    return QWidget::event(event);
 }
 
 void SettingsWindow::hideEvent(QHideEvent* event) {

@@ -39,7 +39,7 @@ public:
     [[nodiscard]] QLineEdit& searchField() { return *search_; }
 
 protected:
-    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

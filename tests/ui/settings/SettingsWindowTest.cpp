@@ -8,7 +8,7 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QComboBox>
-#include <QTableView>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -214,12 +214,24 @@ double luminance(const QColor& color) {
            0.0722 * linear(color.blueF());
 }
 
+/// Has the desktop change its colours while the program runs.
+void become(const QPalette& desktop) {
+    QTimer::singleShot(0, [&desktop] {
+        QApplication::setPalette(desktop);
+        QTimer::singleShot(0, [] { QApplication::quit(); }); // after windows were told
+    });
+    QApplication::exec();
+}
+
 TEST_F(SettingsWindowTest, ExplanationsAndProblemsReadWellInBothAppearances) {
+    window.present();
     const QPalette before = QApplication::palette();
     QPalette dark(QColor(0x3a, 0x3a, 0x42), QColor(0x26, 0x26, 0x2b));
     dark.setColor(QPalette::Base, QColor(0x30, 0x30, 0x36));
     for (const QPalette& desktop : {before, dark}) {
-        QApplication::setPalette(desktop);
+        become(desktop);
+        EXPECT_EQ(window.palette().color(QPalette::Base), desktop.color(QPalette::Base))
+            << "follows the desktop while it is open";
         const double ground = luminance(window.palette().color(QPalette::Base));
         for (const auto role : {QPalette::Text, QPalette::PlaceholderText, QPalette::BrightText}) {
             const double text = luminance(window.palette().color(role));
@@ -228,7 +240,7 @@ TEST_F(SettingsWindowTest, ExplanationsAndProblemsReadWellInBothAppearances) {
             EXPECT_GE(contrast, 4.5) << role;
         }
     }
-    QApplication::setPalette(before);
+    become(before);
 }
 
 } // namespace
