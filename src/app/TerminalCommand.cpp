@@ -86,12 +86,12 @@ void runLauncher(CursesPainter& painter, QuitSignals& quits, HeldSignals& resize
 std::optional<int> runInWindow() {
     QuitSignals quits;
     HeldSignals resizes({SIGWINCH});
-    TerminalRescue rescue;
+    const TerminalRescue rescue;
     const auto painter = CursesPainter::open();
     if (painter == nullptr) {
         return std::nullopt;
     }
-    rescue.arm(CursesPainter::leavingSequence());
+    TerminalRescue::arm(CursesPainter::leavingSequence());
     const SilencedErrors errors; // they would be written over the rows
     int count = 1;
     std::string name = "pello";

@@ -28,7 +28,8 @@ Rescue& rescue() {
 /// Calls only what is safe in a handler. The signal takes its usual course afterwards.
 void giveBack(int signal) {
     const Rescue& kept = rescue();
-    static_cast<void>(!::write(STDOUT_FILENO, kept.sequence.data(), kept.length));
+    [[maybe_unused]] const ssize_t written =
+        ::write(STDOUT_FILENO, kept.sequence.data(), kept.length);
     if (kept.hasModes) {
         ::tcsetattr(STDIN_FILENO, TCSANOW, &kept.modes);
     }

@@ -15,7 +15,7 @@ public:
     TerminalRescue& operator=(const TerminalRescue&) = delete;
 
     /// What has to be written to the terminal too; nothing is rescued before this is known.
-    void arm(const std::string& leavingSequence);
+    static void arm(const std::string& leavingSequence);
 };
 
 } // namespace pello

@@ -277,6 +277,16 @@ void TerminalKeys::endOrLast() {
     line_.moveToEnd();
 }
 
+// NOLINTBEGIN(*-make-member-function-const): they stand in a table of members
+void TerminalKeys::redraw() {
+    window_.redraw();
+}
+
+void TerminalKeys::suspend() {
+    window_.suspend();
+}
+// NOLINTEND(*-make-member-function-const)
+
 void TerminalKeys::select(int row) {
     failures_.select(std::nullopt);
     controller_.setSelection(std::clamp(row, 0, std::max(0, lastRow())));

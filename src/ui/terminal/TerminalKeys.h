@@ -58,8 +58,8 @@ private:
     void pageDown();
     void homeOrFirst();
     void endOrLast();
-    void redraw() { window_.redraw(); }
-    void suspend() { window_.suspend(); }
+    void redraw();
+    void suspend();
     void left() { line_.moveLeft(); }
     void wordLeft() { line_.moveWordLeft(); }
     void wordRight() { line_.moveWordRight(); }

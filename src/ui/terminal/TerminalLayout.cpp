@@ -115,17 +115,19 @@ void putRule(TerminalScreen& screen) {
     }
 }
 
+RowState stateOf(const TerminalView& view, int index) {
+    if (index != view.selection || view.selectedFailure) {
+        return RowState::plain;
+    }
+    return view.isCopied ? RowState::copied : RowState::selected;
+}
+
 void putRows(TerminalScreen& screen, const TerminalView& view, const Plan& plan) {
     const int first = firstShown(view.selection, plan.rows);
     const int last = std::min(first + plan.rows, static_cast<int>(view.results.size()));
     for (int index = first; index < last; ++index) {
         const int row = plan.header + index - first;
-        const bool isSelected = index == view.selection && !view.selectedFailure;
-        const bool isCopied = isSelected && view.isCopied;
-        putResult(screen, row, view.results[static_cast<std::size_t>(index)],
-                  isCopied     ? RowState::copied
-                  : isSelected ? RowState::selected
-                               : RowState::plain);
+        putResult(screen, row, view.results[static_cast<std::size_t>(index)], stateOf(view, index));
     }
     if (view.results.empty() && view.failures.empty() && !view.beforeCaret.empty() &&
         plan.rows > 0) {

@@ -24,7 +24,7 @@ std::string_view readable(std::string_view text) {
 
 /// What Return does stands in the selected row.
 std::string accessoryOf(const LaunchItem& item, RowState state) {
-    const std::string own = item.accessory.value_or("");
+    std::string own = item.accessory.value_or("");
     if (state == RowState::plain) {
         return own;
     }
@@ -34,7 +34,10 @@ std::string accessoryOf(const LaunchItem& item, RowState state) {
     const bool isGlyph = item.kind == LaunchItem::Kind::command &&
                          std::holds_alternative<LaunchItem::TextIcon>(item.icon);
     const bool saysWhatReturnDoes = item.kind == LaunchItem::Kind::calculation || isGlyph;
-    return saysWhatReturnDoes && !own.empty() ? "↩ " + own : own.empty() ? "↩" : own;
+    if (own.empty()) {
+        return "↩";
+    }
+    return saysWhatReturnDoes ? "↩ " + own : own;
 }
 
 /// Writes `text` at the end of the line and returns the column where the room for others ends.
