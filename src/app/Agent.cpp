@@ -14,6 +14,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <chrono>
 #include <iostream>
 
@@ -58,9 +59,10 @@ public:
 private:
     using Answer = ControlServer::Answer;
 
-    Answer answer(std::string_view verb) {
-        if (verb == "toggle") {
-            launcher_.controller().toggle();
+    Answer answer(std::string_view line) {
+        const std::string_view verb = line.substr(0, line.find(' '));
+        const std::string_view text = line.substr(std::min(verb.size() + 1, line.size()));
+        if (obey(verb, text)) {
             return {.line = std::string(kDone)};
         }
         if (verb == kReportVerb) {
@@ -71,6 +73,23 @@ private:
             return {.line = std::string(kDone), .then = Answer::Then::holdTheLine};
         }
         return {.line = "the running launcher does not know \"" + std::string(verb) + '"'};
+    }
+
+    /// Does what needs no answer. False for other verbs.
+    bool obey(std::string_view verb, std::string_view text) {
+        PelloController& controller = launcher_.controller();
+        if (verb == "toggle") {
+            controller.toggle();
+        } else if (verb == "show") {
+            controller.show(text);
+        } else if (verb == "hide") {
+            controller.hide();
+        } else if (verb == "reindex") {
+            controller.reindex();
+        } else {
+            return verb == "ping";
+        }
+        return true;
     }
 
     DesktopPlatform platform_;

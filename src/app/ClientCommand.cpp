@@ -2,12 +2,19 @@
 
 #include "app/ControlClient.h"
 
+#include <algorithm>
 #include <iostream>
+#include <string>
 
 namespace pello {
 
 int run(const ClientCommand& command) {
-    const auto answer = askRunningLauncher(controlSocketPath(), command.verb);
+    std::string line = command.verb;
+    if (!command.text.empty()) {
+        line += ' ' + command.text;
+        std::ranges::replace(line, '\n', ' '); // a request is one line
+    }
+    const auto answer = askRunningLauncher(controlSocketPath(), line);
     if (!answer) {
         std::cerr << "pello: no launcher is running\n";
         return ExitStatus::kNotRunning;

@@ -29,6 +29,10 @@ public:
             }
         });
         addClientVerb("toggle", "Open the panel of the running launcher, or close it");
+        addShow();
+        addClientVerb("hide", "Close the panel of the running launcher");
+        addClientVerb("reindex", "Let the running launcher look for applications and scripts anew");
+        addClientVerb("ping", "Tell by the exit status whether a launcher is running");
         addClientVerb("quit", "End the running launcher");
         addQuery();
         addGlyph();
@@ -79,7 +83,15 @@ private:
 
     void addClientVerb(const std::string& verb, const std::string& description) {
         app_.add_subcommand(verb, description)->callback([this, verb] {
-            command_ = ClientCommand{verb};
+            command_ = ClientCommand{.verb = verb, .text = {}};
+        });
+    }
+
+    void addShow() {
+        CLI::App* show = app_.add_subcommand("show", "Open the panel of the running launcher");
+        show->add_option("TEXT", words_, "What to type into it");
+        show->callback([this] {
+            command_ = ClientCommand{.verb = "show", .text = CLI::detail::join(words_, " ")};
         });
     }
 

@@ -16,9 +16,11 @@ struct AgentCommand {
     bool showsPanel = false;
 };
 
-/// `pello toggle` and its like: one word to the running launcher.
+/// `pello toggle` and its like: one word to the running launcher, and a text for it where there is
+/// one.
 struct ClientCommand {
     std::string verb;
+    std::string text;
 };
 
 /// Where and when a question is asked, for scripts that want the same answer every time.

@@ -36,7 +36,10 @@ void ControlServer::accept() {
 
 void ControlServer::answer(QLocalSocket& client) {
     if (client.canReadLine()) {
-        const std::string verb = client.readLine(kMaximumLine).trimmed().toStdString();
+        std::string verb = client.readLine(kMaximumLine).toStdString();
+        if (verb.ends_with('\n')) {
+            verb.pop_back();
+        }
         const Answer answer = handler_(verb);
         const std::string reply = answer.line + "\n";
         client.write(reply.data(), static_cast<qint64>(reply.size()));

@@ -8,9 +8,9 @@
 #include "platform/linux/Environment.h"
 #include "platform/linux/GioAddressHandlers.h"
 #include "platform/linux/PlistUserDefaults.h"
-#include "platform/posix/PosixFileAccess.h"
 #include "platform/linux/PosixProcesses.h"
 #include "platform/linux/XdgFolders.h"
+#include "platform/posix/PosixFileAccess.h"
 
 #include <memory>
 

@@ -79,7 +79,8 @@ TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
                                                {"settings"},
                                                {"settings", "set", "key"},
                                                {"settings", "get"},
-                                               {"toggle", "quit"}}) {
+                                               {"toggle", "quit"},
+                                               {"ping", "x"}}) {
         EXPECT_EQ(status(words), ExitStatus::kUsage) << testing::PrintToString(words);
     }
     EXPECT_EQ(refusal({"query", "x", "--limit", "-1"}).second,

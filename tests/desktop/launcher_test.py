@@ -167,6 +167,16 @@ exit 3
         self.desktop.run(PELLO, "toggle")
         self.assertEqual(self.desktop.wait_for_active("Editor"), editor)
 
+    def test_verbs_open_it_with_a_text_and_close_it(self):
+        self.start_pello()
+        self.desktop.run(PELLO, "hide")
+        self.wait_until_closed()
+        self.desktop.run(PELLO, "ping")
+        self.desktop.run(PELLO, "show", "alpha", "com ")
+        self.panel = self.desktop.wait_for_active("Pello")
+        self.desktop.key("BackSpace", "Return")
+        self.expect_mark("Alpha Comet")
+
     def test_a_click_elsewhere_closes_it(self):
         self.desktop.watch(["xev", "-name", "Editor", "-geometry", "200x100+0+0"])
         editor = self.desktop.wait_for_active("Editor")
