@@ -1,6 +1,7 @@
 #include "app/Agent.h"
 
 #include "app/AgentKeyboard.h"
+#include "app/AgentSettings.h"
 #include "app/ControlClient.h"
 #include "app/ControlServer.h"
 #include "app/DesktopPlatform.h"
@@ -34,7 +35,11 @@ public:
           tray_(launcher_.controller(), launcher_.scriptFailures()),
           keyboard_(launcher_.controller(), platform_.ports(), keyboardFolder,
                     [] { QApplication::quit(); }),
-          server_([this](std::string_view verb) { return answer(verb); }) {}
+          settings_(launcher_, platform_.ports(), keyboard_),
+          server_([this](std::string_view verb) { return answer(verb); }) {
+        panel_.setSettingsOpener([this] { settings_.present(); });
+        tray_.onSettings = [this] { settings_.present(); };
+    }
 
     /// Answers at `socket` from now on, and fills the catalogue. False when the socket cannot be
     /// had.
@@ -86,6 +91,8 @@ private:
             controller.hide();
         } else if (verb == "reindex") {
             controller.reindex();
+        } else if (verb == "settings") {
+            settings_.present(fromRawValue<SettingsTab>(text));
         } else {
             return verb == "ping";
         }
@@ -97,6 +104,7 @@ private:
     PanelWindow panel_;
     TrayIcon tray_;
     AgentKeyboard keyboard_;
+    AgentSettings settings_;
     ControlServer server_;
 };
 

@@ -90,6 +90,25 @@ KeyboardReport AgentKeyboard::report() {
                       .isOwn = settings.ownsHyperMapping.get()}};
 }
 
+Subscription AgentKeyboard::suspend() {
+    manager_.stop();
+    return Subscription([this] { manager_.start(); });
+}
+
+std::optional<std::string> AgentKeyboard::problemOf(const KeyCombo& combo) const {
+    for (const X11Grab& grab : tap_.grabs()) {
+        const bool isIt = KeyCombo(grab.combo.keyCode, grab.combo.modifiers) == combo;
+        if (isIt && grab.state != X11Grab::State::held) {
+            return "This shortcut does not arrive: " + std::string(reasonOf(grab.state)) + '.';
+        }
+    }
+    return std::nullopt;
+}
+
+void AgentKeyboard::checkHyperMapping(std::function<void(bool isActive)> done) {
+    HyperKey::isActive(shell_, std::move(done));
+}
+
 std::string AgentKeyboard::activationName() const {
     switch (controller_.settings().activation.get()) {
     case Activation::rightCommand:

@@ -36,6 +36,17 @@ public:
     [[nodiscard]] const HotkeyManager& hotkey() const { return manager_; }
     [[nodiscard]] KeyboardReport report();
 
+    [[nodiscard]] const KeyboardLayout& layout() const { return layout_; }
+
+    /// Takes no keys from other programs, this one included, for as long as the result is kept.
+    [[nodiscard]] Subscription suspend();
+
+    /// Why a combo that is listened for does not arrive, as a sentence; nothing when it does.
+    [[nodiscard]] std::optional<std::string> problemOf(const KeyCombo& combo) const;
+
+    /// Tells `done`, at the latest in a later turn, whether Caps Lock is remapped at the moment.
+    void checkHyperMapping(std::function<void(bool isActive)> done);
+
 private:
     [[nodiscard]] std::string activationName() const;
     [[nodiscard]] std::vector<KeyboardReport::Grab> grabs() const;

@@ -186,7 +186,14 @@ private:
 
     void addSettings() {
         CLI::App* settings = app_.add_subcommand("settings", "Read and change the settings");
-        settings->require_subcommand(1);
+        settings->require_subcommand(0, 1);
+        settings->add_option("PAGE", page_, "Open the window of the settings at this page")
+            ->check(CLI::IsMember({"general", "appearance", "sources", "bangs", "aliases"}));
+        settings->callback([this, settings] {
+            if (settings->get_subcommands().empty()) {
+                command_ = ClientCommand{.verb = "settings", .text = page_};
+            }
+        });
         addSettingsAction(*settings, "list", "Print every setting with its value",
                           SettingsCommand::Action::list);
         CLI::App* get = addSettingsAction(*settings, "get", "Print the value of one setting",
@@ -216,6 +223,7 @@ private:
     QueryCommand query_;
     GlyphCommand glyph_;
     AskedFrom from_;
+    std::string page_;
     SettingsCommand settings_;
     ScriptsCommand script_;
     std::vector<std::string> words_;

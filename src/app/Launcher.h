@@ -18,6 +18,9 @@ public:
     [[nodiscard]] PelloSettings& settings() { return settings_; }
     [[nodiscard]] const GlyphCatalogue& glyphs() const { return glyphs_; }
     [[nodiscard]] const UsageStore& usage() const { return usage_; }
+    [[nodiscard]] UsageStore& usage() { return usage_; }
+    [[nodiscard]] QueryHistory& queryHistory() { return queryHistory_; }
+    [[nodiscard]] const AppIndexer& applications() const { return indexer_; }
     [[nodiscard]] ScriptFailureLog& scriptFailures() { return scriptFailures_; }
     [[nodiscard]] const ScriptsIndex& scripts() const { return scripts_; }
     [[nodiscard]] const QuickActions& quickActions() const { return quickActions_; }

@@ -76,7 +76,7 @@ TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
                                                {"calc", "1+1", "--locale", "xx"},
                                                {"convert", "5 km", "--now", "tomorrow"},
                                                {"query", "x", "--now", "2026-13-01"},
-                                               {"settings"},
+                                               {"settings", "nowhere"},
                                                {"settings", "set", "key"},
                                                {"settings", "get"},
                                                {"toggle", "quit"},

@@ -33,6 +33,11 @@ void QueryHistory::record(std::string_view query) {
     defaults_.set(kKey, propertyArray(entries_));
 }
 
+void QueryHistory::clear() {
+    entries_.clear();
+    defaults_.set(kKey, propertyArray(entries_));
+}
+
 void QueryHistory::load() {
     entries_.clear();
     const auto stored = defaults_.value(kKey);

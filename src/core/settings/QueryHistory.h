@@ -21,6 +21,9 @@ public:
     /// was there already moves.
     void record(std::string_view query);
 
+    /// Forgets every query.
+    void clear();
+
     /// No two equal, at most `kMaximumEntries`.
     [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
 

@@ -36,6 +36,7 @@ bool PanelKeys::handle(const QKeyEvent& event) {
         {Qt::Key_Delete, Qt::NoModifier, &PanelKeys::dismissFailure},
         {Qt::Key_R, Qt::ControlModifier, &PanelKeys::reveal},
         {Qt::Key_C, Qt::ControlModifier, &PanelKeys::copy},
+        {Qt::Key_Comma, Qt::ControlModifier, &PanelKeys::openSettings},
     });
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9) {
@@ -188,6 +189,13 @@ bool PanelKeys::reveal() {
 /// Selected text is what the user wants to copy, if there is any.
 bool PanelKeys::copy() {
     return !field_.hasSelectedText() && !failures_.selection() && controller_.copySelection();
+}
+
+bool PanelKeys::openSettings() {
+    if (onSettings) {
+        onSettings();
+    }
+    return true;
 }
 
 bool PanelKeys::runRow(int row) {

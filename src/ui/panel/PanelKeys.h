@@ -7,6 +7,8 @@
 
 #include <QKeyEvent>
 
+#include <functional>
+
 namespace pello {
 
 /// What each key means while the panel has the keyboard, beyond editing the text.
@@ -19,6 +21,9 @@ public:
 
     /// Does what `event` asks for. False when the key is the field's.
     bool handle(const QKeyEvent& event);
+
+    /// The user wants to change the settings.
+    std::function<void()> onSettings;
 
 private:
     struct Binding;
@@ -44,6 +49,7 @@ private:
     bool dismissFailure();
     bool reveal();
     bool copy();
+    bool openSettings();
     bool runRow(int row);
     bool swallow() { return true; } // NOLINT(*-to-static): stands in a table of members
 

@@ -38,6 +38,9 @@ public:
     void dismiss() override;
     [[nodiscard]] bool isPresented() const override { return isVisible(); }
 
+    /// `open` is called when the user wants to change the settings.
+    void setSettingsOpener(std::function<void()> open) { keys_.onSettings = std::move(open); }
+
     /// The parts, for tests that look at what is shown.
     [[nodiscard]] SearchField& field() { return field_; }
     [[nodiscard]] ResultList& list() { return list_; }

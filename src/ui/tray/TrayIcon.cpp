@@ -46,6 +46,11 @@ void TrayIcon::refresh() {
                         [this, failure] { showFailure(failure, controller_, failures_); });
     }
     menu_.addSeparator();
+    menu_.addAction(QStringLiteral("Settings…"), &menu_, [this] {
+        if (onSettings) {
+            onSettings();
+        }
+    });
     menu_.addAction(QStringLiteral("Write a Sample Script"), &menu_,
                     [this] { controller_.writeSampleScript(); });
     menu_.addAction(QStringLiteral("Quit Pello"), &menu_, [] { QApplication::quit(); });

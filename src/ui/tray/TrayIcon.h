@@ -8,6 +8,8 @@
 #include <QMenu>
 #include <QSystemTrayIcon>
 
+#include <functional>
+
 namespace pello {
 
 /// Pello in the desktop's tray: opens the panel, and is marked while a failure of a script has not
@@ -16,6 +18,9 @@ class TrayIcon final : public QObject {
 public:
     /// Both must outlive the icon.
     TrayIcon(PelloController& controller, ScriptFailureLog& failures);
+
+    /// The user wants to change the settings.
+    std::function<void()> onSettings;
 
     /// The icon, drawn in `colour`, with the mark or without.
     [[nodiscard]] static QIcon drawn(bool isMarked, const QColor& colour);
