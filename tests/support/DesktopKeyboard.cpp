@@ -11,25 +11,6 @@
 namespace pello::testing {
 namespace {
 
-std::string nameOf(const CommandTabEvent& event) {
-    using Kind = CommandTabEvent::Kind;
-    switch (event.kind) {
-    case Kind::advance:
-        return event.number > 0 ? "advance+1" : "advance-1";
-    case Kind::choose:
-        return "choose" + std::to_string(event.number);
-    case Kind::quit:
-        return "quit";
-    case Kind::searchWindows:
-        return "windows";
-    case Kind::commit:
-        return "commit";
-    case Kind::cancel:
-        return "cancel";
-    }
-    return {};
-}
-
 xcb_keycode_t keyNamed(const std::string& name) {
     return name.starts_with('#') ? static_cast<xcb_keycode_t>(std::atoi(name.c_str() + 1))
                                  : x11Keys::keyOf(keyCodeOf(name));

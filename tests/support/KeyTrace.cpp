@@ -57,6 +57,8 @@ std::string modifierSymbols(std::uint64_t flags) {
     return symbols;
 }
 
+} // namespace
+
 std::string nameOf(const CommandTabEvent& event) {
     using Kind = CommandTabEvent::Kind;
     switch (event.kind) {
@@ -75,8 +77,6 @@ std::string nameOf(const CommandTabEvent& event) {
     }
     return {};
 }
-
-} // namespace
 
 std::uint16_t keyCodeOf(std::string_view name) {
     const auto* const named = std::ranges::find(kNamedKeys, name, &NamedKey::name);

@@ -73,6 +73,9 @@ private:
 /// What a listener with `configuration` makes of `trace`.
 std::string play(const HotkeyConfiguration& configuration, std::string_view trace);
 
+/// The word that a trace has for `event`.
+std::string nameOf(const CommandTabEvent& event);
+
 /// The virtual code of the key named so in traces.
 std::uint16_t keyCodeOf(std::string_view name);
 
