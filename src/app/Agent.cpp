@@ -2,12 +2,12 @@
 
 #include "app/AgentKeyboard.h"
 #include "app/AgentSettings.h"
-#include "app/ControlClient.h"
 #include "app/ControlServer.h"
 #include "app/DesktopPlatform.h"
 #include "app/Launcher.h"
 #include "app/QuitSignals.h"
 #include "app/Version.h"
+#include "app/client/ControlClient.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/X11Display.h"
 #include "ui/panel/PanelWindow.h"

@@ -34,6 +34,9 @@ public:
         addClientVerb("reindex", "Let the running launcher look for applications and scripts anew");
         addClientVerb("ping", "Tell by the exit status whether a launcher is running");
         addClientVerb("quit", "End the running launcher");
+        app_.add_subcommand("version", "Print the version")->callback([this] {
+            command_ = VersionCommand{};
+        });
         addQuery();
         addGlyph();
         addAnswer("calc", "Print what an expression comes to: pello calc '12*(3+4)'",
@@ -188,7 +191,8 @@ private:
         CLI::App* settings = app_.add_subcommand("settings", "Read and change the settings");
         settings->require_subcommand(0, 1);
         settings->add_option("PAGE", page_, "Open the window of the settings at this page")
-            ->check(CLI::IsMember({"general", "appearance", "sources", "bangs", "aliases"}));
+            ->check(CLI::IsMember(
+                std::vector<std::string>(kSettingsPages.begin(), kSettingsPages.end())));
         settings->callback([this, settings] {
             if (settings->get_subcommands().empty()) {
                 command_ = ClientCommand{.verb = "settings", .text = page_};

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "answers/Surroundings.h"
+#include "app/client/ClientArguments.h"
+#include "app/client/ExitStatus.h"
 #include "base/Date.h"
 
 #include <cstddef>
@@ -14,13 +16,6 @@ namespace pello {
 struct AgentCommand {
     /// Opens the panel at once.
     bool showsPanel = false;
-};
-
-/// `pello toggle` and its like: one word to the running launcher, and a text for it where there is
-/// one.
-struct ClientCommand {
-    std::string verb;
-    std::string text;
 };
 
 /// Where and when a question is asked, for scripts that want the same answer every time.
@@ -89,20 +84,9 @@ struct DoctorCommand {};
 /// `pello keys`: shows what is heard of the keyboard.
 struct KeysCommand {};
 
-using Command =
-    std::variant<AgentCommand, ClientCommand, QueryCommand, GlyphCommand, AnswerCommand,
-                 SettingsCommand, ScriptsCommand, TerminalCommand, DoctorCommand, KeysCommand>;
-
-/// The exit statuses of the program.
-namespace ExitStatus {
-inline constexpr int kSuccess = 0;
-/// Nothing matches, or nothing could be done.
-inline constexpr int kNothing = 1;
-/// The command line was not understood, or names something that does not exist.
-inline constexpr int kUsage = 2;
-/// No launcher is running.
-inline constexpr int kNotRunning = 3;
-} // namespace ExitStatus
+using Command = std::variant<AgentCommand, ClientCommand, VersionCommand, QueryCommand,
+                             GlyphCommand, AnswerCommand, SettingsCommand, ScriptsCommand,
+                             TerminalCommand, DoctorCommand, KeysCommand>;
 
 /// What the arguments ask for, or the status to exit with once help, the version or a complaint
 /// has been printed.

@@ -1,8 +1,8 @@
 #include "app/DoctorCommand.h"
 
-#include "app/ControlClient.h"
 #include "app/Diagnosis.h"
 #include "app/HeadlessPlatform.h"
+#include "app/client/ControlClient.h"
 #include "base/Text.h"
 #include "core/settings/PelloSettings.h"
 

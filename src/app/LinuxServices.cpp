@@ -1,5 +1,6 @@
 #include "app/LinuxServices.h"
 
+#include "app/client/ProgramFiles.h"
 #include "platform/PelloLog.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/memory/MemoryLoginEnvironment.h"
@@ -8,7 +9,6 @@
 #include <QDBusConnection>
 
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace pello {
@@ -18,10 +18,10 @@ std::filesystem::path defaultsFile(const XdgFolders& folders) {
     return folders.config / "pello" / (std::string(PelloLog::kSubsystem) + ".plist");
 }
 
-std::string thisProgram() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? "pello" : program.string();
+/// What the desktop is to start at login.
+std::string startedProgram() {
+    const std::string program = programOfThisProcess();
+    return program.empty() ? "pello" : clientFor(program);
 }
 
 QDBusConnection busOf(LinuxServices::Session session, const Environment& environment) {
@@ -55,7 +55,7 @@ LinuxServices::LinuxServices(const Surface& chosen, Session session)
       defaults(defaultsFile(folders), surface.loop, surface.watcher, *log),
       bundles(environment),
       workspace(environment, busOf(session, environment)),
-      loginItem(folders.config / "autostart", {thisProgram()}),
+      loginItem(folders.config / "autostart", {startedProgram()}),
       notifier(busOf(session, environment)),
       loginEnvironment(environmentOf(*this, session)) {}
 

@@ -1,6 +1,5 @@
 #include "app/Agent.h"
 #include "app/AnswerCommand.h"
-#include "app/ClientCommand.h"
 #include "app/CommandLine.h"
 #include "app/DoctorCommand.h"
 #include "app/GlyphCommand.h"
@@ -9,6 +8,7 @@
 #include "app/ScriptsCommand.h"
 #include "app/SettingsCommand.h"
 #include "app/TerminalCommand.h"
+#include "app/client/ClientCommand.h"
 
 #include <type_traits>
 #include <variant>

@@ -6,7 +6,9 @@
 #include <nlohmann/json.hpp>
 
 #include <filesystem>
+#include <fstream>
 #include <initializer_list>
+#include <iterator>
 #include <string>
 
 namespace pello {
@@ -174,6 +176,13 @@ TEST_F(CommandsTest, WithoutALauncherRunningItsVerbsSaySo) {
     const Outcome outcome = pello({"toggle"});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.complaint, "pello: no launcher is running\n");
+}
+
+TEST_F(CommandsTest, WhatDesktopsStartAtLoginIsTheProgramThatUsersCall) {
+    EXPECT_EQ(pello({"settings", "set", "launchAtLogin", "true"}).status, 0);
+    std::ifstream entry(home.path() / "config/autostart/is.tolva.pello.desktop");
+    const std::string text(std::istreambuf_iterator<char>(entry), {});
+    EXPECT_THAT(text, HasSubstr("Exec=\"" PELLO_PROGRAM "\"\n"));
 }
 
 TEST_F(CommandsTest, WithoutADisplayTheLauncherSaysSoAndNamesTheTerminal) {

@@ -1,5 +1,5 @@
-#include "app/ControlClient.h"
 #include "app/ControlServer.h"
+#include "app/client/ControlClient.h"
 #include "support/TemporaryFolder.h"
 
 #include <QCoreApplication>

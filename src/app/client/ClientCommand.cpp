@@ -1,9 +1,10 @@
-#include "app/ClientCommand.h"
+#include "app/client/ClientCommand.h"
 
-#include "app/ControlClient.h"
+#include "app/client/ControlClient.h"
+#include "app/client/ExitStatus.h"
 
 #include <algorithm>
-#include <iostream>
+#include <cstdio>
 #include <string>
 
 namespace pello {
@@ -12,16 +13,16 @@ int run(const ClientCommand& command) {
     std::string line = command.verb;
     if (!command.text.empty()) {
         line += ' ' + command.text;
-        std::ranges::replace(line, '\n', ' '); // a request is one line
+        std::replace(line.begin(), line.end(), '\n', ' '); // a request is one line
     }
     const auto answer = askRunningLauncher(controlSocketPath(), line);
     if (!answer) {
-        std::cerr << "pello: no launcher is running\n";
+        std::fputs("pello: no launcher is running\n", stderr);
         return ExitStatus::kNotRunning;
     }
     if (*answer != kDone) {
-        std::cerr << "pello: " << (answer->empty() ? "the launcher does not answer" : *answer)
-                  << '\n';
+        const std::string complaint = answer->empty() ? "the launcher does not answer" : *answer;
+        std::fprintf(stderr, "pello: %s\n", complaint.c_str());
         return ExitStatus::kNothing;
     }
     return ExitStatus::kSuccess;
