@@ -118,6 +118,21 @@ void UsageStore::prune(const std::unordered_set<std::string>& keeping,
     noteChange();
 }
 
+bool UsageStore::forget(std::string_view itemID) {
+    const auto known = records_.find(itemID);
+    const auto bound =
+        std::erase_if(bindings_, [itemID](const auto& entry) { return entry.second == itemID; });
+    if (known == records_.end() && bound == 0) {
+        return false;
+    }
+    if (known != records_.end()) {
+        records_.erase(known);
+    }
+    persist();
+    noteChange();
+    return true;
+}
+
 void UsageStore::forgetAll() {
     const bool knew = !records_.empty() || !bindings_.empty();
     records_.clear();

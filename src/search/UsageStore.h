@@ -68,6 +68,9 @@ public:
     void prune(const std::unordered_set<std::string>& keeping,
                const std::function<bool(std::string_view)>& sparing);
 
+    /// Forgets one item, with the queries that lead to it. False when nothing was known of it.
+    bool forget(std::string_view itemID);
+
     /// Forgets everything.
     void forgetAll();
 
