@@ -123,9 +123,9 @@ TEST_F(PelloControllerTest, AnswersComeFirstAndAreCopiedWithoutClosing) {
     EXPECT_THAT(titles(), IsEmpty()) << "not prepared yet";
     loop.settle();
     EXPECT_THAT(titles(), ElementsAre("4"));
-    EXPECT_FALSE(controller.isSelectionCopied());
+    EXPECT_EQ(controller.selectionRemark(), std::nullopt);
     EXPECT_TRUE(controller.copySelection());
-    EXPECT_TRUE(controller.isSelectionCopied());
+    EXPECT_EQ(controller.selectionRemark(), RowRemark::copied);
     EXPECT_TRUE(panel.isPresented());
     EXPECT_EQ(pasteboard.text(), "4");
     controller.setQuery("saf");
@@ -360,6 +360,59 @@ TEST_F(PelloControllerTest, ResultsFollowTheSourcesAndTheSettings) {
     settings.extraDirectories.set({extra});
     loop.settle();
     EXPECT_THAT(titles(), ElementsAre("Saf"));
+}
+
+TEST_F(PelloControllerTest, NothingMovesUnderTheSelectionWhileThePanelIsOpen) {
+    controller.setPanel(&panel);
+    controller.show("te");
+    ASSERT_THAT(titles(), ElementsAre("Text Editor", "Terminal"));
+    install({"Tea"});
+    EXPECT_THAT(titles(), ElementsAre("Text Editor", "Tea", "Terminal"))
+        << "what Return runs stays first";
+    controller.setSelection(2);
+    settings.maximumResults.set(3);
+    install({"Te", "Tec", "Tef", "Teg"});
+    EXPECT_THAT(titles(), ElementsAre("Text Editor", "Tea", "Terminal"));
+    uninstall("Terminal");
+    reindex();
+    EXPECT_EQ(titles()[1], "Tea");
+    EXPECT_NE(titles()[2], "Terminal");
+    controller.setQuery("t");
+    EXPECT_THAT(found("te"), ElementsAre("Text Editor", "Te", "Tea"))
+        << "the next keystroke ranks anew";
+}
+
+TEST_F(PelloControllerTest, WhatWasLearnedIsForgottenRowByRow) {
+    controller.setPanel(&panel);
+    pick("s", 1);
+    pick("t");
+    controller.show("s");
+    ASSERT_THAT(titles(), ElementsAre("Safe Mode", "Safari"));
+    controller.forgetSelection();
+    EXPECT_THAT(titles(), ElementsAre("Safe Mode", "Safari")) << "nothing jumps";
+    EXPECT_EQ(controller.selectionRemark(), RowRemark::forgotten);
+    controller.setSelection(1);
+    EXPECT_EQ(controller.selectionRemark(), std::nullopt);
+    controller.forgetSelection();
+    EXPECT_EQ(controller.selectionRemark(), RowRemark::nothingLearned);
+    EXPECT_THAT(found("s "), ElementsAre("Safari", "Safe Mode"));
+    EXPECT_EQ(controller.selectionRemark(), std::nullopt);
+    EXPECT_THAT(found(""), SizeIs(1)) << "of others it still knows";
+}
+
+TEST_F(PelloControllerTest, RowsSayWhyTheyStandWhereTheyDo) {
+    pick("s", 1);
+    controller.setQuery("s");
+    EXPECT_THAT(controller.reasons(), IsEmpty());
+    controller.toggleReasons();
+    ASSERT_THAT(controller.reasons(), SizeIs(controller.results().size()));
+    EXPECT_THAT(controller.reasons()[0], testing::HasSubstr(" + 400 chosen last for this text = "));
+    EXPECT_THAT(controller.reasons()[1], testing::StartsWith("Name matches: "));
+    EXPECT_THAT(controller.reasons().back(), testing::StartsWith("Made of what is typed"));
+    install({"Sad"});
+    EXPECT_THAT(controller.reasons(), SizeIs(controller.results().size()));
+    controller.setQuery("sa");
+    EXPECT_THAT(controller.reasons(), IsEmpty());
 }
 
 TEST_F(PelloControllerTest, PruningForgetsOnlyApplicationsThatAreGone) {

@@ -3,8 +3,11 @@
 #include "base/Text.h"
 #include "core/controller/ArgumentRow.h"
 #include "core/controller/Completion.h"
+#include "core/controller/RankingWords.h"
+#include "core/controller/StableRows.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace pello {
@@ -28,22 +31,23 @@ private:
 
 PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts)) {
     parts_.indexer.onIndexChanged = [this] { applicationsChanged(); };
-    parts_.aliases.onIndexChanged = [this] { refresh(); };
-    parts_.scripts.onIndexChanged = [this] { refresh(); };
+    parts_.aliases.onIndexChanged = [this] { followSources(); };
+    parts_.scripts.onIndexChanged = [this] { followSources(); };
     parts_.scripts.onNeedsArgument = [this](const ScriptCommand& command) {
         askForArgument(command);
     };
     subscriptions_.push_back(parts_.runningScripts.changed.connect([this] {
-        refresh();
+        followSources();
         keepTime();
     }));
-    parts_.quickActions.onChanged = [this] { refresh(); };
-    parts_.glyphs.onPrepared = [this] { refresh(); };
+    const auto takeIn = [this] { selection_ == 0 ? refresh() : followSources(); };
+    parts_.quickActions.onChanged = takeIn;
+    parts_.glyphs.onPrepared = takeIn;
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
         configureSources();
         refresh();
     }));
-    subscriptions_.push_back(parts_.usage.changed.connect([this] { refresh(); }));
+    subscriptions_.push_back(parts_.usage.changed.connect([this] { followSources(); }));
     parts_.indexer.configure(parts_.settings.searchDirectories(parts_.bundles.standardFolders()));
     parts_.aliases.configure(parts_.settings.urlAliases.get());
     refresh();
@@ -61,6 +65,8 @@ void PelloController::setQuery(std::string_view query) {
     }
     query_ = query;
     variants_.clear();
+    remark_.reset();
+    reasons_.clear();
     announce();
     refresh();
 }
@@ -119,6 +125,20 @@ void PelloController::refresh() {
     setSelection(selection_);
 }
 
+/// What the sources have now, below what the user looks at. What comes first at launch is waited
+/// for, so it takes its own place.
+void PelloController::followSources() {
+    const bool isAwaited = !areSourcesKnown_ && selection_ == 0;
+    if (!isPresented() || isAwaited) {
+        refresh();
+        return;
+    }
+    const Change change(*this);
+    replaceResults(stableRows(results_, selection_, search(),
+                              [this](const LaunchItem& item) { return search_.exists(item); }));
+    setSelection(selection_);
+}
+
 std::vector<SearchResult> PelloController::search() const {
     if (prompted_) {
         return argumentRow(parts_.scripts, *prompted_, query_);
@@ -159,6 +179,9 @@ void PelloController::leaveArgumentPrompt() {
 void PelloController::replaceResults(std::vector<SearchResult> results) {
     if (results != results_) {
         results_ = std::move(results);
+        if (!reasons_.empty()) {
+            explainRows();
+        }
         announce();
     }
 }
@@ -209,16 +232,51 @@ bool PelloController::copySelection() {
     if (result == nullptr || result->item->kind != LaunchItem::Kind::calculation) {
         return false;
     }
-    const Change change(*this);
     parts_.pasteboard.setText(result->item->title);
-    copied_ = result->item;
-    announce();
+    remark(RowRemark::copied);
     return true;
 }
 
-bool PelloController::isSelectionCopied() const {
+void PelloController::forgetSelection() {
+    if (const SearchResult* result = selectedResult()) {
+        const Change change(*this);
+        const bool wasKnown = parts_.usage.forget(std::string(result->id()));
+        remark(wasKnown ? RowRemark::forgotten : RowRemark::nothingLearned);
+    }
+}
+
+void PelloController::remark(RowRemark what) {
+    const Change change(*this);
+    remark_ = {selectedResult()->item, what};
+    announce();
+}
+
+std::optional<RowRemark> PelloController::selectionRemark() const {
     const SearchResult* result = selectedResult();
-    return result != nullptr && result->item == copied_;
+    const bool isMeant = result != nullptr && remark_ && result->item == remark_->first;
+    return isMeant ? std::optional(remark_->second) : std::nullopt;
+}
+
+void PelloController::toggleReasons() {
+    const Change change(*this);
+    if (reasons_.empty()) {
+        explainRows();
+    } else {
+        reasons_.clear();
+    }
+    announce();
+}
+
+void PelloController::explainRows() {
+    std::unordered_map<std::string_view, std::string> words;
+    const auto explanations = search_.explanations(query_);
+    for (const SearchExplanation& row : explanations) {
+        words.emplace(row.result.id(), rankingWords(row));
+    }
+    reasons_.clear();
+    for (const SearchResult& result : results_) {
+        reasons_.push_back(words[result.id()]);
+    }
 }
 
 bool PelloController::offerVariants() {
@@ -307,6 +365,8 @@ void PelloController::show(std::string_view prefilling) {
         prompted_.reset();
         selection_ = 0;
         variants_.clear();
+        remark_.reset();
+        reasons_.clear();
         history_.end();
         if (query_ != prefilling) {
             setQuery(prefilling);
@@ -327,7 +387,7 @@ void PelloController::keepTime() {
     nextSecond_ = {};
     if (!parts_.runningScripts.isEmpty() && isPresented()) {
         nextSecond_ = parts_.loop.after(std::chrono::seconds(1), [this] {
-            refresh();
+            followSources();
             keepTime();
         });
     }
@@ -378,7 +438,8 @@ void PelloController::applicationsChanged() {
     if (std::exchange(prunesAfterScan_, false)) {
         pruneUsage();
     }
-    refresh();
+    followSources();
+    areSourcesKnown_ = true;
 }
 
 void PelloController::pruneUsage() {

@@ -5,12 +5,14 @@
 #include "core/controller/HistoryRecall.h"
 #include "core/controller/LauncherPanel.h"
 #include "core/controller/QuerySearch.h"
+#include "core/controller/RowRemark.h"
 #include "core/items/SearchResult.h"
 
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pello {
@@ -87,8 +89,20 @@ public:
     /// no answer.
     bool copySelection();
 
-    /// Whether the selected row is an answer that was copied since the last refresh.
-    [[nodiscard]] bool isSelectionCopied() const;
+    /// Forgets what was learned about the selected row, which stays where it is and says so.
+    void forgetSelection();
+
+    /// What the selected row says about the last thing that was done with it, until something else
+    /// is typed.
+    [[nodiscard]] std::optional<RowRemark> selectionRemark() const;
+
+    /// Says in each row why it stands where it does, or says so no longer. Until something else is
+    /// typed.
+    void toggleReasons();
+
+    /// The reason of each row, in the order of the rows, empty for a row without one. None unless
+    /// they are shown.
+    [[nodiscard]] std::span<const std::string> reasons() const { return reasons_; }
 
     /// Shows the selected emoji in its skin tones, instead of the results, until something else is
     /// typed. False when the selected row has none.
@@ -141,6 +155,9 @@ public:
 private:
     [[nodiscard]] const SearchResult* selectedResult() const;
     [[nodiscard]] std::vector<SearchResult> search() const;
+    void followSources();
+    void explainRows();
+    void remark(RowRemark what);
     void keepTime();
     void askForArgument(const ScriptCommand& command);
     void replaceResults(std::vector<SearchResult> results);
@@ -163,12 +180,14 @@ private:
     int selection_ = 0;
     int presentationToken_ = 0;
     std::optional<std::string> notice_;
-    LaunchItemRef copied_;
+    std::vector<std::string> reasons_; // of the rows, unless empty
+    std::optional<std::pair<LaunchItemRef, RowRemark>> remark_;
     std::optional<ScriptCommand> prompted_;
     HistoryRecall history_{parts_.queryHistory};
     bool isRecallingHistory_ = false;
     bool isDragging_ = false;
     bool prunesAfterScan_ = false;
+    bool areSourcesKnown_ = false; // once there was something to find
     int openChanges_ = 0;
     bool hasChanged_ = false;
     Subscription nextSecond_;

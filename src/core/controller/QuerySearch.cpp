@@ -3,6 +3,7 @@
 #include "scripts/ScriptItem.h"
 #include "search/SearchEngine.h"
 
+#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
@@ -19,12 +20,32 @@ std::vector<SearchResult> QuerySearch::results(std::string_view query) const {
     if (const SearchMode now = mode(query); now.kind == SearchMode::Kind::glyphs) {
         return parts_.glyphs.results(now.text, parts_.usage);
     }
-    const ScriptsIndex* scripts = parts_.settings.includesScripts.get() ? &parts_.scripts : nullptr;
-    const auto quickActions = parts_.quickActions.items(query, parts_.settings, scripts);
-    auto results = SearchEngine::results(query, catalogue(), quickActions, parts_.usage,
+    auto results = SearchEngine::results(query, catalogue(), quickActions(query), parts_.usage,
                                          parts_.settings.maximumResults.get());
     showRunning(results);
     return results;
+}
+
+std::vector<SearchExplanation> QuerySearch::explanations(std::string_view query) const {
+    if (const SearchMode now = mode(query); now.kind == SearchMode::Kind::glyphs) {
+        return SearchEngine::explain(now.text, parts_.glyphs.lists(parts_.usage), {}, parts_.usage,
+                                     GlyphCatalogue::kMaximumResults);
+    }
+    return SearchEngine::explain(query, catalogue(), quickActions(query), parts_.usage,
+                                 parts_.settings.maximumResults.get());
+}
+
+std::vector<LaunchItemRef> QuerySearch::quickActions(std::string_view query) const {
+    const ScriptsIndex* scripts = parts_.settings.includesScripts.get() ? &parts_.scripts : nullptr;
+    return parts_.quickActions.items(query, parts_.settings, scripts);
+}
+
+bool QuerySearch::exists(const LaunchItem& item) const {
+    const auto has = [&item](const std::shared_ptr<const PreparedList>& list) {
+        return std::ranges::find(list->items(), item.id, &LaunchItem::id) != list->items().end();
+    };
+    return std::ranges::any_of(catalogue(), has) ||
+           std::ranges::any_of(parts_.glyphs.lists(parts_.usage), has);
 }
 
 bool QuerySearch::finds(const ScriptCommand& command, const std::string& keyword) const {

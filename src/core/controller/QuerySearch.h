@@ -4,6 +4,7 @@
 #include "core/controller/SearchMode.h"
 #include "core/items/SearchResult.h"
 #include "search/PreparedList.h"
+#include "search/SearchExplanation.h"
 
 #include <string_view>
 #include <vector>
@@ -22,6 +23,12 @@ public:
     /// The rows for `query`, best first.
     [[nodiscard]] std::vector<SearchResult> results(std::string_view query) const;
 
+    /// What made the place of each row for `query`, in their order.
+    [[nodiscard]] std::vector<SearchExplanation> explanations(std::string_view query) const;
+
+    /// Whether a source still has `item`, whatever finds it.
+    [[nodiscard]] bool exists(const LaunchItem& item) const;
+
     /// Whether an argument that is typed behind `keyword` is one for `command`: nothing else takes
     /// what begins like this.
     [[nodiscard]] bool finds(const ScriptCommand& command, const std::string& keyword) const;
@@ -30,6 +37,7 @@ public:
     [[nodiscard]] Catalogue catalogue() const;
 
 private:
+    [[nodiscard]] std::vector<LaunchItemRef> quickActions(std::string_view query) const;
     void showRunning(std::vector<SearchResult>& results) const;
 
     const ControllerParts& parts_;

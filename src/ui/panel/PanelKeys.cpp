@@ -34,6 +34,8 @@ bool PanelKeys::handle(const QKeyEvent& event) {
         {Qt::Key_Escape, Qt::NoModifier, &PanelKeys::clearOrClose},
         {Qt::Key_Backspace, Qt::NoModifier, &PanelKeys::leavePrompt},
         {Qt::Key_Delete, Qt::NoModifier, &PanelKeys::dismissFailure},
+        {Qt::Key_Delete, Qt::ShiftModifier, &PanelKeys::forget},
+        {Qt::Key_K, Qt::ControlModifier, &PanelKeys::explain},
         {Qt::Key_R, Qt::ControlModifier, &PanelKeys::reveal},
         {Qt::Key_C, Qt::ControlModifier, &PanelKeys::copy},
         {Qt::Key_Comma, Qt::ControlModifier, &PanelKeys::openSettings},
@@ -189,6 +191,20 @@ bool PanelKeys::reveal() {
 /// Selected text is what the user wants to copy, if there is any.
 bool PanelKeys::copy() {
     return !field_.hasSelectedText() && !failures_.selection() && controller_.copySelection();
+}
+
+/// Selected text is what the user wants to cut, as Shift+Delete does elsewhere.
+bool PanelKeys::forget() {
+    if (field_.hasSelectedText() || failures_.selection()) {
+        return false;
+    }
+    controller_.forgetSelection();
+    return true;
+}
+
+bool PanelKeys::explain() {
+    controller_.toggleReasons();
+    return true;
 }
 
 bool PanelKeys::openSettings() {

@@ -49,6 +49,8 @@ private:
     bool dismissFailure();
     bool reveal();
     bool copy();
+    bool forget();
+    bool explain();
     bool openSettings();
     bool runRow(int row);
     bool swallow() { return true; } // NOLINT(*-to-static): stands in a table of members

@@ -151,7 +151,8 @@ void PanelWindow::refresh() {
     }
     list_.setResults(controller_.results(),
                      failureRows_.selection() ? -1 : controller_.selection());
-    list_.setCopied(controller_.isSelectionCopied());
+    list_.setRemark(controller_.selectionRemark());
+    list_.setReasons(controller_.reasons());
     notice_.setNotice(controller_.notice());
     fitHeight();
 }

@@ -72,7 +72,8 @@ void ResultDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     const int textStart = metrics.icon + metrics.rowPadding;
     const QRect texts = part(inner, option.direction, textStart, inner.width() - textStart);
     const Accessory end = accessory(*result.item, option.state.testFlag(QStyle::State_Selected));
-    paintTexts(*painter, paintAccessory(*painter, texts, option.direction, end), result);
+    paintTexts(*painter, paintAccessory(*painter, texts, option.direction, end), result,
+               model->subtitle(index.row()));
 }
 
 /// Words stand by themselves; keys, and what Return does in the selected row, in a pill.
@@ -80,9 +81,12 @@ ResultDelegate::Accessory ResultDelegate::accessory(const LaunchItem& item, bool
     const QString own = item.accessory ? lineOf(*item.accessory) : QString();
     const bool isGlyph = item.kind == LaunchItem::Kind::command &&
                          std::holds_alternative<LaunchItem::TextIcon>(item.icon);
+    if (isSelected && remark) {
+        const std::string_view words = remarkText(*remark);
+        return {.text = QString::fromUtf8(words.data(), qsizetype(words.size())), .isChip = true};
+    }
     if (isSelected && (isAnswer(item) || isGlyph)) { // the accessory says what Return does
-        return {.text = showsCopied ? QStringLiteral("✓ Copied") : QStringLiteral("↩ ") + own,
-                .isChip = true};
+        return {.text = QStringLiteral("↩ ") + own, .isChip = true};
     }
     if (isSelected && own.isEmpty()) {
         return {.text = QStringLiteral("↩"), .isChip = true};
@@ -108,10 +112,9 @@ QRect ResultDelegate::paintAccessory(QPainter& painter, const QRect& area,
     return part(area, direction, 0, left);
 }
 
-void ResultDelegate::paintTexts(QPainter& painter, const QRect& area,
-                                const SearchResult& result) const {
+void ResultDelegate::paintTexts(QPainter& painter, const QRect& area, const SearchResult& result,
+                                const QString& subtitle) const {
     const LaunchItem& item = *result.item;
-    const QString subtitle = item.subtitle ? lineOf(*item.subtitle) : QString();
     const QFont& titleFont = isAnswer(item) ? style_.answerFont : style_.titleFont;
     const QFontMetrics title(titleFont);
     const int below = subtitle.isEmpty() ? 0 : QFontMetrics(style_.subtitleFont).height();

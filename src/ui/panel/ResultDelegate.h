@@ -1,10 +1,13 @@
 #pragma once
 
+#include "core/controller/RowRemark.h"
 #include "core/items/SearchResult.h"
 #include "ui/icons/IconPainter.h"
 #include "ui/theme/PanelStyle.h"
 
 #include <QAbstractItemDelegate>
+
+#include <optional>
 
 namespace pello {
 
@@ -20,8 +23,8 @@ public:
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
 
-    /// Whether the selected row says that it was copied.
-    bool showsCopied = false;
+    /// What the selected row says was done with it.
+    std::optional<RowRemark> remark;
 
 private:
     /// What stands at the end of a row.
@@ -34,7 +37,8 @@ private:
     [[nodiscard]] QRect paintAccessory(QPainter& painter, const QRect& area,
                                        Qt::LayoutDirection direction,
                                        const Accessory& accessory) const;
-    void paintTexts(QPainter& painter, const QRect& area, const SearchResult& result) const;
+    void paintTexts(QPainter& painter, const QRect& area, const SearchResult& result,
+                    const QString& subtitle) const;
 
     const PanelStyle& style_;
     IconPainter icons_;

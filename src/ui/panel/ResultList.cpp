@@ -42,10 +42,14 @@ void ResultList::setResults(std::span<const SearchResult> results, int selection
     }
 }
 
-void ResultList::setCopied(bool isCopied) {
-    if (std::exchange(delegate_.showsCopied, isCopied) != isCopied) {
+void ResultList::setRemark(std::optional<RowRemark> remark) {
+    if (std::exchange(delegate_.remark, remark) != remark) {
         viewport()->update();
     }
+}
+
+void ResultList::setReasons(std::span<const std::string> reasons) {
+    model_.setReasons(reasons);
 }
 
 int ResultList::heightWithin(int room) const {

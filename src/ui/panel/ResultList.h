@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/controller/RowRemark.h"
 #include "core/items/SearchResult.h"
 #include "ui/panel/ResultDelegate.h"
 #include "ui/panel/ResultModel.h"
@@ -7,7 +8,9 @@
 #include <QListView>
 
 #include <functional>
+#include <optional>
 #include <span>
+#include <string>
 
 namespace pello {
 
@@ -23,8 +26,11 @@ public:
     /// none is marked when that is negative.
     void setResults(std::span<const SearchResult> results, int selection);
 
-    /// Says in the selected row that its answer was copied, or says so no longer.
-    void setCopied(bool isCopied);
+    /// Says in the selected row what was done with it, or says so no longer.
+    void setRemark(std::optional<RowRemark> remark);
+
+    /// Shows a reason below each title, or the subtitles again where there are none.
+    void setReasons(std::span<const std::string> reasons);
 
     /// How high the list should be where there is `room`: as high as all its rows or as many whole
     /// ones as fit, at least one. 0 without rows.

@@ -8,20 +8,6 @@
 
 namespace pello {
 
-namespace {
-
-QString spoken(const LaunchItem& item) {
-    QStringList parts{lineOf(item.title)};
-    for (const auto* part : {&item.subtitle, &item.accessory}) {
-        if (*part) {
-            parts << lineOf(**part);
-        }
-    }
-    return parts.join(QStringLiteral(", "));
-}
-
-} // namespace
-
 void ResultModel::setResults(std::span<const SearchResult> results) {
     if (std::ranges::equal(results, results_)) {
         return;
@@ -29,6 +15,33 @@ void ResultModel::setResults(std::span<const SearchResult> results) {
     beginResetModel();
     results_.assign(results.begin(), results.end());
     endResetModel();
+}
+
+void ResultModel::setReasons(std::span<const std::string> reasons) {
+    if (!std::ranges::equal(reasons, reasons_) && rowCount() > 0) {
+        reasons_.assign(reasons.begin(), reasons.end());
+        dataChanged(index(0, 0), index(rowCount() - 1, 0));
+    }
+}
+
+QString ResultModel::subtitle(int row) const {
+    const auto place = static_cast<std::size_t>(row);
+    if (place < reasons_.size() && !reasons_[place].empty()) {
+        return lineOf(reasons_[place]);
+    }
+    const auto& own = result(row).item->subtitle;
+    return own ? lineOf(*own) : QString();
+}
+
+/// The whole row in words.
+QString ResultModel::spoken(int row) const {
+    const LaunchItem& item = *result(row).item;
+    QStringList parts{lineOf(item.title), subtitle(row)};
+    if (item.accessory) {
+        parts << lineOf(*item.accessory);
+    }
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
 }
 
 const SearchResult& ResultModel::result(int row) const {
@@ -43,12 +56,11 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
     }
-    const LaunchItem& item = *result(index.row()).item;
     switch (role) {
     case Qt::DisplayRole:
-        return lineOf(item.title);
+        return lineOf(result(index.row()).item->title);
     case Qt::AccessibleTextRole:
-        return spoken(item);
+        return spoken(index.row());
     default:
         return {};
     }

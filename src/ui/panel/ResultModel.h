@@ -5,6 +5,7 @@
 #include <QAbstractListModel>
 
 #include <span>
+#include <string>
 #include <vector>
 
 namespace pello {
@@ -14,6 +15,12 @@ class ResultModel final : public QAbstractListModel {
 public:
     /// Takes over `results`; views are told only when they differ from what is there.
     void setResults(std::span<const SearchResult> results);
+
+    /// Takes over a reason for each row, shown as its subtitle; none give the rows their own again.
+    void setReasons(std::span<const std::string> reasons);
+
+    /// What stands below the title of `row`.
+    [[nodiscard]] QString subtitle(int row) const;
 
     /// The hit in `row`, valid until the next `setResults`.
     [[nodiscard]] const SearchResult& result(int row) const;
@@ -25,7 +32,10 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
+    [[nodiscard]] QString spoken(int row) const;
+
     std::vector<SearchResult> results_;
+    std::vector<std::string> reasons_;
 };
 
 } // namespace pello

@@ -104,9 +104,11 @@ void TerminalKeys::handleTyping(const TerminalKey& key) {
         {Name::backspace, With::nothing, "", &TerminalKeys::backspace},
         {Name::backspace, With::alt, "", &TerminalKeys::eraseWord},
         {Name::forwardDelete, With::nothing, "", &TerminalKeys::deleteOrDismiss},
+        {Name::forwardDelete, With::shift, "", &TerminalKeys::forget},
         {Name::character, With::control, "w", &TerminalKeys::eraseWord},
         {Name::character, With::control, "u", &TerminalKeys::eraseToStart},
-        {Name::character, With::control, "k", &TerminalKeys::eraseToEnd},
+        {Name::character, With::control, "k", &TerminalKeys::eraseToEndOrExplain},
+        {Name::character, With::alt, "k", &TerminalKeys::explain},
     });
     if (key.name == Name::character && key.with == With::nothing) {
         failures_.select(std::nullopt);
@@ -214,6 +216,20 @@ void TerminalKeys::backspace() {
 void TerminalKeys::deleteOrDismiss() {
     if (!failures_.dismiss()) {
         line_.eraseRight();
+    }
+}
+
+void TerminalKeys::eraseToEndOrExplain() {
+    if (line_.isCaretAtEnd()) {
+        explain();
+    } else {
+        line_.eraseToEnd();
+    }
+}
+
+void TerminalKeys::forget() {
+    if (!failures_.selection()) {
+        controller_.forgetSelection();
     }
 }
 

@@ -67,7 +67,9 @@ private:
     void lineEnd() { line_.moveToEnd(); }
     void eraseWord() { line_.eraseWordLeft(); }
     void eraseToStart() { line_.eraseToStart(); }
-    void eraseToEnd() { line_.eraseToEnd(); }
+    void eraseToEndOrExplain();
+    void explain() { controller_.toggleReasons(); }
+    void forget();
 
     void select(int row);
     void tellOfSelection();

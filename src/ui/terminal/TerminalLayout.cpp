@@ -115,11 +115,11 @@ void putRule(TerminalScreen& screen) {
     }
 }
 
-RowState stateOf(const TerminalView& view, int index) {
-    if (index != view.selection || view.selectedFailure) {
-        return RowState::plain;
-    }
-    return view.isCopied ? RowState::copied : RowState::selected;
+RowLook lookOf(const TerminalView& view, int index) {
+    const auto place = static_cast<std::size_t>(index);
+    return {.isSelected = index == view.selection && !view.selectedFailure,
+            .remark = view.remark,
+            .reason = place < view.reasons.size() ? view.reasons[place] : std::string_view()};
 }
 
 void putRows(TerminalScreen& screen, const TerminalView& view, const Plan& plan) {
@@ -127,7 +127,7 @@ void putRows(TerminalScreen& screen, const TerminalView& view, const Plan& plan)
     const int last = std::min(first + plan.rows, static_cast<int>(view.results.size()));
     for (int index = first; index < last; ++index) {
         const int row = plan.header + index - first;
-        putResult(screen, row, view.results[static_cast<std::size_t>(index)], stateOf(view, index));
+        putResult(screen, row, view.results[static_cast<std::size_t>(index)], lookOf(view, index));
     }
     if (view.results.empty() && view.failures.empty() && !view.beforeCaret.empty() &&
         plan.rows > 0) {

@@ -23,13 +23,13 @@ std::string_view readable(std::string_view text) {
 }
 
 /// What Return does stands in the selected row.
-std::string accessoryOf(const LaunchItem& item, RowState state) {
+std::string accessoryOf(const LaunchItem& item, const RowLook& look) {
     std::string own = item.accessory.value_or("");
-    if (state == RowState::plain) {
+    if (!look.isSelected) {
         return own;
     }
-    if (state == RowState::copied) {
-        return "✓ Copied";
+    if (look.remark) {
+        return std::string(remarkText(*look.remark));
     }
     const bool isGlyph = item.kind == LaunchItem::Kind::command &&
                          std::holds_alternative<LaunchItem::TextIcon>(item.icon);
@@ -72,17 +72,18 @@ void putTexts(TerminalScreen& screen, int row, const Glyphs& title, Style style,
 
 } // namespace
 
-void putResult(TerminalScreen& screen, int row, const SearchResult& result, RowState state) {
+void putResult(TerminalScreen& screen, int row, const SearchResult& result, const RowLook& look) {
     const LaunchItem& item = *result.item;
     if (const auto* icon = std::get_if<LaunchItem::TextIcon>(&item.icon)) {
         screen.put({.row = row, .column = kIconColumn},
                    elidedAtEnd(glyphs(icon->text), kTextColumn - kIconColumn - 1));
     }
-    const int end = putAtEnd(screen, row, accessoryOf(item, state), Style::dim);
+    const int end = putAtEnd(screen, row, accessoryOf(item, look), Style::dim);
     const bool isAnswer = item.kind == LaunchItem::Kind::calculation;
     putTexts(screen, row, glyphs(readable(item.title), result.titleMatches),
-             isAnswer ? Style::strong : Style::plain, item.subtitle.value_or(""), end);
-    if (state != RowState::plain) {
+             isAnswer ? Style::strong : Style::plain,
+             look.reason.empty() ? item.subtitle.value_or("") : std::string(look.reason), end);
+    if (look.isSelected) {
         screen.select(row);
     }
 }

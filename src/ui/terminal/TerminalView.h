@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/controller/RowRemark.h"
 #include "core/items/SearchResult.h"
 #include "platform/Dialogs.h"
 #include "scripts/ScriptFailure.h"
@@ -21,8 +22,10 @@ struct TerminalView {
 
     std::span<const SearchResult> results;
     int selection = 0;
-    /// The selected row is an answer that was copied.
-    bool isCopied = false;
+    /// What the selected row says was done with it.
+    std::optional<RowRemark> remark;
+    /// Shown instead of the subtitles, unless empty.
+    std::span<const std::string> reasons;
 
     std::span<const ScriptFailure> failures;
     /// Keys are about this failure instead of the results.
