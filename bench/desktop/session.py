@@ -1,0 +1,120 @@
+"""A session of its own to measure in: an X server, openbox, a session bus, a home."""
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+KEPT = ("PATH", "USER", "LOGNAME", "TERM")
+BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>
+<servicedir>{services}</servicedir><policy context="default"><allow send_destination="*"/>
+<allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
+
+
+def outweigh_the_machine():
+    """Gives this process and what it starts precedence. Being nice does not: where sessions are
+    scheduled as groups, it counts only inside one's own."""
+    with contextlib.suppress(OSError):
+        os.setsid()
+    try:
+        pathlib.Path("/proc/self/autogroup").write_text("-20")
+    except OSError:
+        with contextlib.suppress(OSError):
+            os.nice(-20)
+
+
+class Session:
+    """Use it in a `with`; everything ends and goes with it. `data` are the folders with
+    applications."""
+
+    def __init__(self, data):
+        self.data = data
+
+    def __enter__(self):
+        with contextlib.ExitStack() as stack:
+            self.stack = stack
+            self.home = pathlib.Path(tempfile.mkdtemp(prefix="pello-bench-"))
+            stack.callback(shutil.rmtree, self.home, ignore_errors=True)
+            self._make_home()
+            self._start_display()
+            self._start_bus()
+            self.start(["openbox", "--sm-disable"])
+            self._wait_for_manager()
+            self.run("xset", "r", "off", "s", "off")
+            self.run("xsetroot", "-solid", "#335577")
+            self.stack = stack.pop_all()
+        return self
+
+    def __exit__(self, *_):
+        self.stack.close()
+
+    def _make_home(self):
+        folders = {"XDG_CONFIG_HOME": "config", "XDG_CACHE_HOME": "cache",
+                   "XDG_DATA_HOME": "data", "XDG_STATE_HOME": "state", "XDG_RUNTIME_DIR": "run"}
+        for name in folders.values():
+            (self.home / name).mkdir(mode=0o700)
+        for version in ("gtk-3.0", "gtk-4.0"):  # a caret that blinks would read as painting
+            (self.home / "config" / version).mkdir()
+            settings = "[Settings]\ngtk-cursor-blink=0\ngtk-icon-theme-name=Adwaita\n"
+            (self.home / "config" / version / "settings.ini").write_text(settings)
+        (self.home / ".gtkrc-2.0").write_text("gtk-cursor-blink=0\n")
+        self.environment = {name: os.environ[name] for name in KEPT if name in os.environ}
+        self.environment |= {name: str(self.home / folder) for name, folder in folders.items()}
+        self.environment |= {
+            "HOME": str(self.home), "LANG": "C.UTF-8", "XDG_CURRENT_DESKTOP": "XFCE",
+            "XDG_DATA_DIRS": ":".join([*map(str, self.data), "/usr/local/share", "/usr/share"]),
+            "NO_AT_BRIDGE": "1", "GTK_A11Y": "none", "GDK_BACKEND": "x11",
+            "QT_QPA_PLATFORM": "xcb", "XDG_SESSION_TYPE": "x11",
+            "BENCH_LOG": str(self.home / "log")}
+
+    def _start_display(self):
+        reader, writer = os.pipe()
+        server = ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x800x24",
+                  "-nolisten", "tcp", "-nocursor", "-noreset"]
+        self.start(server, pass_fds=[writer])
+        os.close(writer)
+        with os.fdopen(reader) as pipe:
+            self.environment["DISPLAY"] = ":" + pipe.readline().strip()
+
+    def _start_bus(self):
+        """Services start on demand as on a desktop, but none that would show notifications."""
+        services = self.home / "services"
+        services.mkdir()
+        for file in pathlib.Path("/usr/share/dbus-1/services").glob("*.service"):
+            if "Notifications" not in file.read_text():
+                shutil.copy(file, services)
+        (self.home / "bus.conf").write_text(BUS.format(services=services))
+        bus = self.start(["dbus-daemon", f"--config-file={self.home}/bus.conf", "--nofork",
+                          "--print-address"], stdout=subprocess.PIPE, text=True)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        self.stack.callback(bus.stdout.close)
+
+    def _wait_for_manager(self):
+        watch = self.start(["stdbuf", "-oL", "xprop", "-root", "-spy"], stdout=subprocess.PIPE,
+                           text=True)
+        self.stack.callback(watch.stdout.close)
+        while not watch.stdout.readline().startswith("_NET_CLIENT_LIST("):
+            pass
+
+    def start(self, command, **options):
+        options = {"stdout": subprocess.DEVNULL} | options
+        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL, **options)
+        self.stack.callback(self._end, process)
+        return process
+
+    @staticmethod
+    def _end(process):
+        process.terminate()
+        try:
+            process.wait(3)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+
+    def run(self, *command):
+        return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL, check=True,
+                              text=True, stdout=subprocess.PIPE).stdout
