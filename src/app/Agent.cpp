@@ -1,5 +1,6 @@
 #include "app/Agent.h"
 
+#include "app/AgentGuide.h"
 #include "app/AgentKeyboard.h"
 #include "app/AgentSettings.h"
 #include "app/ControlServer.h"
@@ -36,9 +37,11 @@ public:
           keyboard_(launcher_.controller(), platform_.ports(), keyboardFolder,
                     [] { QApplication::quit(); }),
           settings_(launcher_, platform_.ports(), keyboard_),
+          guide_(launcher_, platform_.ports(), keyboard_, settings_, panel_),
           server_([this](std::string_view verb) { return answer(verb); }) {
         panel_.setSettingsOpener([this] { settings_.present(); });
         tray_.onSettings = [this] { settings_.present(); };
+        tray_.onGuide = [this] { guide_.present(); };
     }
 
     /// Answers at `socket` from now on, and fills the catalogue. False when the socket cannot be
@@ -51,6 +54,8 @@ public:
         launcher_.controller().reindex();
         if (command.showsPanel) {
             launcher_.controller().show();
+        } else {
+            guide_.openIfNeeded();
         }
         return true;
     }
@@ -93,6 +98,8 @@ private:
             controller.reindex();
         } else if (verb == "settings") {
             settings_.present(fromRawValue<SettingsTab>(text));
+        } else if (verb == "guide") {
+            guide_.present();
         } else {
             return verb == "ping";
         }
@@ -105,6 +112,7 @@ private:
     TrayIcon tray_;
     AgentKeyboard keyboard_;
     AgentSettings settings_;
+    AgentGuide guide_;
     ControlServer server_;
 };
 

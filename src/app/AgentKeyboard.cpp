@@ -67,8 +67,7 @@ AgentKeyboard::AgentKeyboard(PelloController& controller, const Platform& platfo
 
 void AgentKeyboard::start() {
     mapping_.takeOver();
-    // There is nothing to grant on X; a flag from elsewhere must not outlive this launch.
-    (void)Permissions::takeExpectedRegrant(defaults_);
+    isRegrantExpected_ = Permissions::takeExpectedRegrant(defaults_);
     control_.start();
 }
 

@@ -16,6 +16,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <utility>
 
 namespace pello {
 
@@ -29,6 +30,20 @@ public:
 
     /// Undoes what a launcher before left behind, then listens. Only once no other one runs.
     void start();
+
+    /// Whether a launcher before wanted this one to ask for its permissions again.
+    [[nodiscard]] bool isRegrantExpected() const { return isRegrantExpected_; }
+
+    /// Starts the program anew, and ends this one.
+    void relaunch() { manager_.relaunch(); }
+
+    /// Asked when the activation gesture was made: true takes it, and no panel opens.
+    void setActivationTaker(std::function<bool()> takes) {
+        control_.takesActivation = std::move(takes);
+    }
+
+    /// Emitted after something of the listener changed.
+    [[nodiscard]] Signal<>& changed() { return manager_.changed; }
 
     /// Gives the keyboard back.
     void finish(KeyboardControl::Successor successor) { control_.finish(successor); }
@@ -63,6 +78,7 @@ private:
     HotkeyManager manager_;
     KeyboardControl control_;
     X11KeyboardClaim claim_;
+    bool isRegrantExpected_ = false;
 };
 
 } // namespace pello

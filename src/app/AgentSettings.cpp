@@ -45,6 +45,12 @@ SettingsServices AgentSettings::services() {
                 [this](std::function<void(bool)> done) {
                     keyboard_.checkHyperMapping(std::move(done));
                 },
+            .openGuide =
+                [this] {
+                    if (onGuide) {
+                        onGuide();
+                    }
+                },
             .historyCount = [this] { return launcher_.queryHistory().entries().size(); },
             .clearHistory = [this] { launcher_.queryHistory().clear(); },
             .learnedCount = [this] { return launcher_.usage().records().size(); },

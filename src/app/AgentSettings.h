@@ -7,6 +7,7 @@
 #include "platform/memory/MemoryPreferenceDomains.h"
 #include "ui/settings/SettingsWindow.h"
 
+#include <functional>
 #include <memory>
 
 namespace pello {
@@ -19,8 +20,13 @@ public:
 
     void present(std::optional<SettingsTab> tab = std::nullopt);
 
-private:
+    /// What controls of settings work with, in whichever window they stand.
     [[nodiscard]] SettingsServices services();
+
+    /// Opens the guide that sets the program up.
+    std::function<void()> onGuide;
+
+private:
     [[nodiscard]] std::optional<std::size_t> found(SettingsSource source) const;
 
     Launcher& launcher_;

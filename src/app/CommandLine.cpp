@@ -32,6 +32,7 @@ public:
         addShow();
         addClientVerb("hide", "Close the panel of the running launcher");
         addClientVerb("reindex", "Let the running launcher look for applications and scripts anew");
+        addClientVerb("guide", "Open the set-up guide of the running launcher");
         addClientVerb("ping", "Tell by the exit status whether a launcher is running");
         addClientVerb("quit", "End the running launcher");
         app_.add_subcommand("version", "Print the version")->callback([this] {

@@ -25,9 +25,9 @@ std::string installed(const fs::path& program) {
 TEST(ClientProgramTest, WhatItAnswersItselfIsWhatTheFullProgramUnderstands) {
     using Words = std::vector<const char*>;
     for (const Words& words :
-         {Words{"toggle"}, Words{"hide"}, Words{"reindex"}, Words{"ping"}, Words{"quit"},
-          Words{"version"}, Words{"show"}, Words{"show", ""}, Words{"show", "a  b", "settings"},
-          Words{"settings"}, Words{"settings", "bangs"}}) {
+         {Words{"toggle"}, Words{"hide"}, Words{"reindex"}, Words{"guide"}, Words{"ping"},
+          Words{"quit"}, Words{"version"}, Words{"show"}, Words{"show", ""},
+          Words{"show", "a  b", "settings"}, Words{"settings"}, Words{"settings", "bangs"}}) {
         const auto quick = quickCommand(words);
         ASSERT_TRUE(quick) << testing::PrintToString(words);
         Words line = words;

@@ -5,6 +5,7 @@ Everything here waits for events; a deadline only turns a hang into a failure.
 import contextlib
 import os
 import pathlib
+import plistlib
 import re
 import selectors
 import shutil
@@ -183,6 +184,12 @@ class Desktop:
         shell = self.run("xdotool", "getwindowgeometry", "--shell", window)
         values = dict(line.split("=") for line in shell.split())
         return {key: int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")}
+
+    def write_defaults(self, values):
+        """Makes these all that the program has kept of this user. Before it starts."""
+        file = self.folder / "config/pello/is.tolva.pello.plist"
+        file.parent.mkdir()
+        file.write_bytes(plistlib.dumps(values))
 
     def watch_marks(self):
         """The lines that applications of `add_marker` leave when they run."""

@@ -24,14 +24,15 @@ TEST(TrayIconTest, ItsMenuListsTheFailuresThatAreNotDismissed) {
     MemoryLauncher launcher;
     ScriptFailureLog failures;
     TrayIcon icon(launcher.controller, failures);
-    EXPECT_THAT(texts(icon.menu()),
-                ElementsAre("Open Pello", "Settings…", "Write a Sample Script", "Quit Pello"));
+    EXPECT_THAT(texts(icon.menu()), ElementsAre("Open Pello", "Settings…", "Set-up Guide…",
+                                                "Write a Sample Script", "Quit Pello"));
     failures.record({.name = "R&D", .fileName = "b", .status = 1, .detail = "x"});
     EXPECT_THAT(texts(icon.menu()),
-                ElementsAre("Open Pello", "R&&D failed", "Settings…", "Write a Sample Script", "Quit Pello"));
+                ElementsAre("Open Pello", "R&&D failed", "Settings…", "Set-up Guide…",
+                            "Write a Sample Script", "Quit Pello"));
     failures.dismiss(ScriptFailure(failures.failures().front()));
-    EXPECT_THAT(texts(icon.menu()),
-                ElementsAre("Open Pello", "Settings…", "Write a Sample Script", "Quit Pello"));
+    EXPECT_THAT(texts(icon.menu()), ElementsAre("Open Pello", "Settings…", "Set-up Guide…",
+                                                "Write a Sample Script", "Quit Pello"));
 }
 
 TEST(TrayIconTest, TheMarkIsSeenOnDarkAndLightTrays) {

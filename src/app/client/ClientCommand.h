@@ -7,8 +7,8 @@
 namespace pello {
 
 /// The verbs that take nothing but themselves.
-inline constexpr std::array<std::string_view, 5> kPlainVerbs = {"toggle", "hide", "reindex", "ping",
-                                                                "quit"};
+inline constexpr std::array<std::string_view, 6> kPlainVerbs = {"toggle", "hide", "reindex",
+                                                                "guide",  "ping", "quit"};
 
 /// The pages of the settings window, by the names that the settings verb takes.
 inline constexpr std::array<std::string_view, 5> kSettingsPages = {"general", "appearance",

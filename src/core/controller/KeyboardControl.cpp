@@ -11,7 +11,7 @@ KeyboardControl::KeyboardControl(PelloController& controller, HotkeyManager& hot
     hotkey_.onActivate = [this] {
         if (controller_.isPresented()) {
             controller_.hide();
-        } else {
+        } else if (!takesActivation || !takesActivation()) {
             open([this] { controller_.toggle(); });
         }
     };

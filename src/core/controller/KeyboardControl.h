@@ -36,6 +36,10 @@ public:
     /// without it, nothing has to be done for that.
     std::function<void(std::function<void()> open)> beforeOpening;
 
+    /// Asked when the activation gesture was made and the panel is closed: true takes the gesture,
+    /// and nothing is opened.
+    std::function<bool()> takesActivation;
+
     /// The state of the Hyper mapping that was applied last; nothing before the first time.
     [[nodiscard]] std::optional<bool> appliedHyperMapping() const { return appliedHyperMapping_; }
 

@@ -1,5 +1,7 @@
 #include "ui/settings/GeneralPage.h"
 
+#include "ui/settings/ActivationBox.h"
+#include "ui/settings/ComboProblem.h"
 #include "ui/settings/ConfirmButton.h"
 #include "ui/settings/ExtraFolders.h"
 #include "ui/settings/KeyComboRecorder.h"
@@ -22,10 +24,6 @@ QString countText(std::size_t count, const QString& one, const QString& many) {
     return count == 1 ? one : many.arg(count);
 }
 
-QString lines(const QStringList& texts) {
-    return texts.join(u'\n');
-}
-
 QComboBox* newEngineBox(Setting<WebSearchEngine>& setting) {
     auto* box = new QComboBox;
     for (const auto engine : {WebSearchEngine::duckDuckGo, WebSearchEngine::google,
@@ -34,18 +32,6 @@ QComboBox* newEngineBox(Setting<WebSearchEngine>& setting) {
         box->addItem(QString::fromUtf8(name.data(), qsizetype(name.size())));
     }
     binding::bind(*box, setting);
-    return box;
-}
-
-QComboBox* newActivationBox(const SettingsServices& services) {
-    auto* box = new QComboBox;
-    const auto& names = services.modifierNames;
-    for (const std::string& name : {names.command, names.option, names.control}) {
-        box->addItem(u"Tap Right %1"_s.arg(QString::fromStdString(name)));
-    }
-    box->addItem(u"Tap Caps Lock"_s);
-    box->addItem(u"Keyboard Shortcut"_s);
-    binding::bind(*box, services.settings.activation);
     return box;
 }
 
@@ -70,6 +56,12 @@ void GeneralPage::addShortcuts() {
     auto* login = new ToggleSwitch({});
     section.addRow(u"Open at login"_s, u"Pello is there as soon as you are."_s, login);
     binding::bind(*login, settings_.launchAtLogin);
+    if (services_.openGuide) {
+        auto* guide = new QPushButton(u"Open Guide…"_s);
+        connect(guide, &QPushButton::clicked, this, [this] { services_.openGuide(); });
+        section.addRow(u"Set-up guide"_s, u"Tries the keyboard, and what else Pello needs."_s,
+                       guide);
+    }
 }
 
 void GeneralPage::addComboRow(SettingsSection& section) {
@@ -123,26 +115,14 @@ void GeneralPage::addGlyphRow(SettingsSection& section) {
     });
 }
 
-QString GeneralPage::problemOf(const KeyCombo& combo) const {
-    QStringList problems;
-    if (auto owner =
-            shortcutTexts::systemConflict(combo, services_.preferences, services_.layout)) {
-        problems.append(QString::fromStdString(*owner));
-    }
-    if (auto reason = services_.comboProblem ? services_.comboProblem(combo) : std::nullopt) {
-        problems.append(QString::fromStdString(*reason));
-    }
-    return lines(problems);
-}
-
 void GeneralPage::showComboProblem() {
     const bool isUsed = settings_.activation() == Activation::keyCombo;
     const auto& glyphs = settings_.glyphCombo();
     if (comboRow_ != nullptr) {
-        comboRow_->setNotice(isUsed ? problemOf(settings_.keyCombo()) : QString());
+        comboRow_->setNotice(isUsed ? comboProblem(services_, settings_.keyCombo()) : QString());
     }
     if (glyphRow_ != nullptr) {
-        QString problem = glyphs ? problemOf(*glyphs) : QString();
+        QString problem = glyphs ? comboProblem(services_, *glyphs) : QString();
         if (isUsed && glyphs == settings_.keyCombo()) {
             problem = u"This is the shortcut that opens the launcher, too. The glyph picker "
                       u"comes first."_s;

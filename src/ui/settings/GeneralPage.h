@@ -23,7 +23,6 @@ private:
     void showComboProblem();
     void showHyper();
     void checkHyper();
-    [[nodiscard]] QString problemOf(const KeyCombo& combo) const;
 
     const SettingsServices& services_;
     PelloSettings& settings_;

@@ -1,38 +1,15 @@
 #include "ui/settings/SettingsSection.h"
 
-#include "ui/settings/SettingsPalette.h"
+#include "ui/settings/SettingsCard.h"
 
 #include <QLabel>
-#include <QPainter>
 
 #include <algorithm>
 
 namespace pello {
 namespace {
 
-constexpr int kRadius = 9;
 constexpr int kTitleGap = 7;
-constexpr int kInset = 16;
-constexpr double kLineShare = 0.13;
-
-/// Paints the ground, and a line between rows that are to be seen.
-class Card final : public QFrame {
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const QColor line = SettingsPalette::blend(palette(), kLineShare);
-        painter.setPen(line);
-        painter.setBrush(palette().color(QPalette::Base));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-        for (const QObject* child : children()) {
-            const auto* row = dynamic_cast<const SettingRow*>(child);
-            if (row != nullptr && row->isVisible() && row->y() > 1) {
-                painter.fillRect(kInset, row->y(), width() - 2 * kInset, 1, line);
-            }
-        }
-    }
-};
 
 bool holdsAll(const QString& text, const QStringList& words) {
     return std::ranges::all_of(
@@ -41,7 +18,7 @@ bool holdsAll(const QString& text, const QStringList& words) {
 
 } // namespace
 
-SettingsSection::SettingsSection(const QString& title) : title_(title), card_(new Card) {
+SettingsSection::SettingsSection(const QString& title) : title_(title), card_(new SettingsCard) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(kTitleGap);

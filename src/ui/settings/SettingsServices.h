@@ -48,6 +48,9 @@ struct SettingsServices {
     /// Tells `done`, now or later, whether Caps Lock is remapped at the moment.
     std::function<void(std::function<void(bool isActive)> done)> checkHyperMapping;
 
+    /// Opens the guide that sets the program up.
+    std::function<void()> openGuide;
+
     /// How many queries are remembered; and forgets them.
     std::function<std::size_t()> historyCount;
     std::function<void()> clearHistory;

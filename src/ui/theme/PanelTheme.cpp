@@ -12,6 +12,7 @@ PanelTheme PanelTheme::light() {
             .chip = QColor(0xec, 0xec, 0xf0),
             .failure = QColor(0xb3, 0x26, 0x1e),
             .failureGround = QColor(0xfb, 0xe5, 0xe4),
+            .success = QColor(0x1a, 0x74, 0x3a),
             .shadow = QColor(0, 0, 0, 110),
             .glassOpacity = 0.94};
 }
@@ -26,6 +27,7 @@ PanelTheme PanelTheme::dark() {
             .chip = QColor(0x3a, 0x3a, 0x44),
             .failure = QColor(0xff, 0x8f, 0x86),
             .failureGround = QColor(0x3d, 0x28, 0x2b),
+            .success = QColor(0x62, 0xd0, 0x83),
             .shadow = QColor(0, 0, 0, 150),
             .glassOpacity = 0.93};
 }

@@ -22,6 +22,7 @@ struct PanelTheme {
     QColor chip;
     QColor failure;
     QColor failureGround;
+    QColor success;
     QColor shadow;
     /// How much of the ground covers what lies behind the panel when it is glass, 0 to 1.
     double glassOpacity = 1;

@@ -51,6 +51,11 @@ void TrayIcon::refresh() {
             onSettings();
         }
     });
+    menu_.addAction(QStringLiteral("Set-up Guide…"), &menu_, [this] {
+        if (onGuide) {
+            onGuide();
+        }
+    });
     menu_.addAction(QStringLiteral("Write a Sample Script"), &menu_,
                     [this] { controller_.writeSampleScript(); });
     menu_.addAction(QStringLiteral("Quit Pello"), &menu_, [] { QApplication::quit(); });

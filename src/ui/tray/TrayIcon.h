@@ -21,6 +21,8 @@ public:
 
     /// The user wants to change the settings.
     std::function<void()> onSettings;
+    /// The user wants to be led through what the program needs.
+    std::function<void()> onGuide;
 
     /// The icon, drawn in `colour`, with the mark or without.
     [[nodiscard]] static QIcon drawn(bool isMarked, const QColor& colour);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/guide/GuideCheck.h"
+
+#include <QWidget>
+
+namespace pello {
+
+/// A sign that something works, is absent or is wrong, as high as a line of text.
+class StateMark final : public QWidget {
+public:
+    explicit StateMark(QWidget* parent);
+
+    void show(GuideCheck::State state);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    /// The state in a word or two.
+    [[nodiscard]] static QString word(GuideCheck::State state);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    GuideCheck::State state_ = GuideCheck::State::works;
+};
+
+} // namespace pello
