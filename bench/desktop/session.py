@@ -2,6 +2,7 @@
 import contextlib
 import os
 import pathlib
+import plistlib
 import shutil
 import subprocess
 import tempfile
@@ -61,6 +62,9 @@ class Session:
             settings = "[Settings]\ngtk-cursor-blink=0\ngtk-icon-theme-name=Adwaita\n"
             (self.home / "config" / version / "settings.ini").write_text(settings)
         (self.home / ".gtkrc-2.0").write_text("gtk-cursor-blink=0\n")
+        defaults = self.home / "config/pello/is.tolva.pello.plist"
+        defaults.parent.mkdir()  # as at every start but the first, which a guide opens at
+        defaults.write_bytes(plistlib.dumps({"hasSeenGuide": True}))
         self.environment = {name: os.environ[name] for name in KEPT if name in os.environ}
         self.environment |= {name: str(self.home / folder) for name, folder in folders.items()}
         self.environment |= {
