@@ -1,5 +1,7 @@
 #include "ui/theme/PanelTheme.h"
 
+#include "ui/Contrast.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -7,31 +9,32 @@
 namespace pello {
 namespace {
 
-double linear(double channel) {
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-/// Relative luminance, 0 to 1.
-double luminance(const QColor& color) {
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double lighter = std::max(luminance(one), luminance(other));
-    const double darker = std::min(luminance(one), luminance(other));
-    return (lighter + 0.05) / (darker + 0.05);
+/// What `ground` looks like, as glass, over `behind`.
+QColor through(const QColor& ground, double opacity, const QColor& behind) {
+    const auto mixed = [opacity](int over, int under) {
+        return static_cast<int>(std::lround(opacity * over + (1 - opacity) * under));
+    };
+    return {mixed(ground.red(), behind.red()), mixed(ground.green(), behind.green()),
+            mixed(ground.blue(), behind.blue())};
 }
 
 TEST(PanelThemeTest, TextIsReadableOnEveryGround) {
-    constexpr double kReadable = 4.5;
     for (const PanelTheme& theme : {PanelTheme::light(), PanelTheme::dark()}) {
-        for (const QColor& ground : {theme.ground, theme.selection}) {
+        const auto expectReadable = [](const QColor& text, const QColor& ground) {
+            EXPECT_GE(contrastOf(text, ground), kReadable)
+                << text.name().toStdString() << " on " << ground.name().toStdString();
+        };
+        for (const QColor& ground :
+             {theme.ground, theme.selection, through(theme.ground, theme.glassOpacity, Qt::white),
+              through(theme.ground, theme.glassOpacity, Qt::black)}) {
             for (const QColor& text : {theme.text, theme.dim, theme.accent}) {
-                EXPECT_GE(contrast(text, ground), kReadable)
-                    << text.name().toStdString() << " on " << ground.name().toStdString();
+                expectReadable(text, ground);
             }
         }
+        expectReadable(theme.dim, theme.chip);
+        expectReadable(theme.dim, theme.failureGround);
+        expectReadable(theme.failure, theme.failureGround);
+        expectReadable(theme.success, theme.ground);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "ui/settings/SettingsPalette.h"
 
+#include "ui/theme/Contrast.h"
 #include "ui/theme/PanelTheme.h"
 
 namespace pello::SettingsPalette {
@@ -7,12 +8,24 @@ namespace {
 
 constexpr double kDimShare = 0.68;
 
+/// Of the grounds of cards and of the window the one that is nearer to the texts.
+QColor hardest(const QPalette& desktop) {
+    const QColor text = desktop.color(QPalette::Text);
+    const QColor card = desktop.color(QPalette::Base);
+    const QColor window = desktop.color(QPalette::Window);
+    return contrast::ratio(text, card) < contrast::ratio(text, window) ? card : window;
+}
+
 } // namespace
 
 QPalette make(const QPalette& desktop) {
     QPalette palette = desktop;
-    palette.setColor(kDim, blend(desktop, kDimShare));
-    palette.setColor(kProblem, PanelTheme::matching(desktop).failure);
+    const QColor ground = hardest(desktop);
+    palette.setColor(kDim, contrast::readable(blend(desktop, kDimShare), ground));
+    palette.setColor(kProblem, contrast::readable(PanelTheme::matching(desktop).failure, ground));
+    palette.setColor(QPalette::Highlight,
+                     contrast::readable(desktop.color(QPalette::Highlight),
+                                        desktop.color(QPalette::HighlightedText)));
     return palette;
 }
 
