@@ -11,6 +11,7 @@
 #include "app/client/ControlClient.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/X11Display.h"
+#include "ui/accessible/AccessibleParts.h"
 #include "ui/panel/PanelWindow.h"
 #include "ui/tray/TrayIcon.h"
 
@@ -142,6 +143,7 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
     QApplication::setDesktopFileName("is.tolva.pello");
     QApplication::setQuitOnLastWindowClosed(false);
     signals.deliver([] { QApplication::quit(); });
+    describeToAssistiveTechnology();
     Agent agent(std::filesystem::path(socket).parent_path());
     int status = ExitStatus::kNothing;
     if (agent.start(socket, command)) {

@@ -3,12 +3,12 @@
 #include "base/Text.h"
 #include "ui/panel/Chip.h"
 #include "ui/panel/MarkedText.h"
+#include "ui/panel/RowAnnouncement.h"
 #include "ui/panel/TextLine.h"
 
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStringList>
 
 #include <algorithm>
 
@@ -48,11 +48,8 @@ void FailureRows::setFailures(const std::vector<ScriptFailure>& failures) {
         const int last = count() - 1;
         selection_ = last >= 0 ? std::optional(std::min(*selection_, last)) : std::nullopt;
     }
-    QStringList spoken;
-    for (const ScriptFailure& failure : failures_) {
-        spoken << lineOf(title(failure) + ": " + firstLine(failure));
-    }
-    setAccessibleName(spoken.join(QStringLiteral(". ")));
+    setAccessibleName(count() == 1 ? QStringLiteral("1 failure")
+                                   : QStringLiteral("%1 failures").arg(count()));
     setVisible(!failures_.empty());
     update();
 }
@@ -68,6 +65,7 @@ void FailureRows::select(std::optional<int> row) {
     if (wanted != selection_) {
         selection_ = wanted;
         update();
+        announceRow(*this, selection_.value_or(-1));
         if (onSelect) {
             onSelect();
         }
@@ -96,6 +94,11 @@ bool FailureRows::tell(const std::function<void(const ScriptFailure&)>& action) 
 
 const ScriptFailure* FailureRows::selected() const {
     return selection_ ? &failures_[static_cast<std::size_t>(*selection_)] : nullptr;
+}
+
+QString FailureRows::spoken(int row) const {
+    const ScriptFailure& failure = failures_.at(static_cast<std::size_t>(row));
+    return lineOf(title(failure) + ": " + firstLine(failure));
 }
 
 QRect FailureRows::rowRect(int row) const {

@@ -28,6 +28,10 @@ public:
 
     [[nodiscard]] int count() const { return static_cast<int>(failures_.size()); }
 
+    /// A row in words, and where it is.
+    [[nodiscard]] QString spoken(int row) const;
+    [[nodiscard]] QRect rowRect(int row) const;
+
     /// The row that keys are about; nothing while they are about the results.
     [[nodiscard]] std::optional<int> selection() const { return selection_; }
     void select(std::optional<int> row);
@@ -53,7 +57,6 @@ protected:
 private:
     [[nodiscard]] const ScriptFailure* selected() const;
     bool tell(const std::function<void(const ScriptFailure&)>& action);
-    [[nodiscard]] QRect rowRect(int row) const;
     [[nodiscard]] QRect chipRect(int row) const;
     void paintRow(QPainter& painter, int row) const;
     void paintWarning(QPainter& painter, const QRect& area) const;

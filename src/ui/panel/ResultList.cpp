@@ -1,5 +1,8 @@
 #include "ui/panel/ResultList.h"
 
+#include "ui/panel/RowAnnouncement.h"
+
+#include <QAccessible>
 #include <QCursor>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -39,6 +42,27 @@ void ResultList::setResults(std::span<const SearchResult> results, int selection
     const QModelIndex current = model_.index(selection, 0);
     if (current != currentIndex()) {
         setCurrentIndex(current);
+    }
+    announceSelection();
+}
+
+/// Once for each row that becomes the selected one: the same one under more letters is no news.
+void ResultList::announceSelection() {
+    if (!QAccessible::isActive() || !isVisible()) {
+        announced_.clear();
+        return;
+    }
+    const QString count = model_.rowCount() == 1
+                              ? QStringLiteral("1 result")
+                              : QStringLiteral("%1 results").arg(model_.rowCount());
+    if (count != accessibleName()) {
+        setAccessibleName(count);
+    }
+    const QModelIndex current = currentIndex();
+    const QString row = current.data(Qt::AccessibleTextRole).toString() +
+                        current.data(Qt::AccessibleDescriptionRole).toString();
+    if (std::exchange(announced_, row) != row) {
+        announceRow(*this, current.row());
     }
 }
 

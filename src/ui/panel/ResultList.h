@@ -55,12 +55,14 @@ protected:
 
 private:
     [[nodiscard]] int rowAt(const QMouseEvent& event) const;
+    void announceSelection();
 
     const PanelStyle& style_;
     ResultModel model_;
     ResultDelegate delegate_;
     QPoint pointer_; // on the screen, when it last moved
     int pressedRow_ = -1;
+    QString announced_; // the row that was told last, in words
 };
 
 } // namespace pello

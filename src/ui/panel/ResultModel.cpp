@@ -61,6 +61,8 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
         return lineOf(result(index.row()).item->title);
     case Qt::AccessibleTextRole:
         return spoken(index.row());
+    case Qt::AccessibleDescriptionRole:
+        return QStringLiteral("%1 of %2").arg(index.row() + 1).arg(rowCount());
     default:
         return {};
     }

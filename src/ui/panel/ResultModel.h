@@ -27,8 +27,8 @@ public:
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 
-    /// Title, and for assistive technology the whole row in words. Nothing else: the delegate asks
-    /// `result`.
+    /// Title, and for assistive technology the whole row in words and its place. Nothing else: the
+    /// delegate asks `result`.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:

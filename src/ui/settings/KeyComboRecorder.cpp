@@ -3,6 +3,7 @@
 #include "platform/InputEvent.h"
 #include "platform/VirtualKeys.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 
 #include <array>
@@ -118,6 +119,10 @@ void KeyComboRecorder::showText() {
         setText(QString::fromStdString(symbols(held_, services_.layout)) + u'…');
     } else {
         setText(u"Type a shortcut…"_s);
+    }
+    if (QAccessible::isActive()) { // the text is part of what it is called
+        QAccessibleEvent event(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
     }
 }
 

@@ -93,7 +93,9 @@ void RecordView::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Delete) {
         removeCurrent();
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        edit(currentIndex());
+        if (state() != EditingState) { // else the key ended that, and comes here afterwards
+            edit(currentIndex());
+        }
     } else {
         QTableView::keyPressEvent(event);
     }
