@@ -21,6 +21,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kActivationPatience(50);
 constexpr int kRowsThatMustFit = 4;
+constexpr int kRowsBeyondTheLimit = 3; // answers, and what makes a search of the web
 
 } // namespace
 
@@ -157,9 +158,8 @@ void PanelWindow::refresh() {
     fitHeight();
 }
 
-/// Where the panel itself is, without its shadow.
 QRect PanelWindow::body() const {
-    return rect().adjusted(margin_, margin_, -margin_, -margin_);
+    return {margin_, margin_, width() - 2 * margin_, bodyHeight_};
 }
 
 QRect PanelWindow::screenArea() const {
@@ -184,20 +184,36 @@ void PanelWindow::place() {
                        metrics.headerHeight + kRowsThatMustFit * metrics.rowPitch);
     const QPoint corner =
         geometry::topLeft(controller_.settings().panelPlacement(), screenArea(), needed);
-    const QSize size(needed.width() + 2 * margin_, height());
-    setGeometry(QRect(corner - QPoint(margin_, margin_), size));
+    const int room = screenArea().bottom() + 1 - corner.y();
+    const QSize size(needed.width(), std::min(std::max(height(), usualHeight()), room));
+    const QMargins shadow(margin_, margin_, margin_, margin_);
+    setGeometry(QRect(corner, size).marginsAdded(shadow));
     fitHeight();
 }
 
-/// Makes the window as high as what it shows, its upper edge staying where it is. Rows that find no
+/// High enough for what is mostly shown.
+int PanelWindow::usualHeight() const {
+    const auto& metrics = style_.metrics;
+    const auto rows = static_cast<int>(controller_.settings().maximumResults());
+    return metrics.headerHeight + 2 * metrics.listPadding +
+           (rows + kRowsBeyondTheLimit) * metrics.rowPitch;
+}
+
+/// Makes the panel as high as what it shows, its upper edge staying where it is. Rows that find no
 /// room on the screen are scrolled to.
+///
+/// The window itself only grows: it is high enough already, mostly, and the rows then need not wait
+/// for the window manager. What is not shown of it is cut off by its shape.
 void PanelWindow::fitHeight() {
     const int fixed = style_.metrics.headerHeight + failureRows_.fullHeight() +
                       notice_.fullHeight(body().width());
     const int room = screenArea().bottom() - style_.metrics.rowMargin - (y() + margin_) - fixed;
-    const int wanted = fixed + list_.heightWithin(room) + 2 * margin_;
-    if (wanted != height()) {
-        resize(width(), wanted);
+    const int before = std::exchange(bodyHeight_, fixed + list_.heightWithin(room));
+    if (bodyHeight_ != before) {
+        update();
+    }
+    if (const int needed = bodyHeight_ + 2 * margin_; needed > height()) {
+        resize(width(), needed);
     } else {
         arrange();
     }
@@ -214,19 +230,20 @@ void PanelWindow::arrange() {
     failureRows_.setGeometry(area.x(), area.bottom() + 1 - notice - failures, area.width(),
                              failures);
     notice_.setGeometry(area.x(), area.bottom() + 1 - notice, area.width(), notice);
-    applyMask();
+    shapeWindow();
 }
 
 void PanelWindow::resizeEvent(QResizeEvent* /*event*/) {
     arrange();
 }
 
-/// Without a compositor nothing blends: the window itself is given the round corners.
-void PanelWindow::applyMask() {
-    if (compositor_.isRunning()) {
-        clearMask();
-    } else {
-        setMask(geometry::roundedRegion(body(), style_.metrics.radius));
+/// Takes the room for more rows away from the pointer and from window managers. Without a
+/// compositor nothing blends: the window itself is given the round corners.
+void PanelWindow::shapeWindow() {
+    const QRegion shape = margin_ > 0 ? QRegion(0, 0, width(), bodyHeight_ + 2 * margin_)
+                                      : geometry::roundedRegion(body(), style_.metrics.radius);
+    if (shape != mask()) {
+        setMask(shape);
     }
 }
 
@@ -240,7 +257,7 @@ void PanelWindow::paintEvent(QPaintEvent* /*event*/) {
     shape.addRoundedRect(area, style_.metrics.radius, style_.metrics.radius);
     if (isBlended) {
         QPainterPath outside;
-        outside.addRect(rect());
+        outside.addRect(area.adjusted(-margin_, -margin_, margin_, margin_));
         painter.setClipPath(outside - shape);
         shadow_.paint(painter, body(), margin_, theme.shadow);
         painter.setClipping(false);

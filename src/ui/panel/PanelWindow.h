@@ -41,6 +41,9 @@ public:
     /// `open` is called when the user wants to change the settings.
     void setSettingsOpener(std::function<void()> open) { keys_.onSettings = std::move(open); }
 
+    /// What is shown of the window: without the shadow and without the room for more rows.
+    [[nodiscard]] QRect body() const;
+
     /// The parts, for tests that look at what is shown.
     [[nodiscard]] SearchField& field() { return field_; }
     [[nodiscard]] ResultList& list() { return list_; }
@@ -68,9 +71,9 @@ private:
     void place();
     void fitHeight();
     void arrange();
-    void applyMask();
+    void shapeWindow();
     void endDrag();
-    [[nodiscard]] QRect body() const;
+    [[nodiscard]] int usualHeight() const;
     [[nodiscard]] QRect screenArea() const;
 
     PelloController& controller_;
@@ -84,7 +87,8 @@ private:
     NoticeRow notice_;
     PanelKeys keys_;
     PanelShadow shadow_;
-    int margin_ = 0; // the shadow's room on each side; none without a compositor
+    int margin_ = 0;     // the shadow's room on each side; none without a compositor
+    int bodyHeight_ = 0; // of the part that is shown; the window is higher
     bool wasActive_ = false;
     std::string shownQuery_;
     QTimer activationCheck_;
