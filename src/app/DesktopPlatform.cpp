@@ -1,7 +1,7 @@
 #include "app/DesktopPlatform.h"
 
 #include "platform/linux/DesktopIconSource.h"
-#include "ui/icons/IconTheme.h"
+#include "ui/icons/SharedIconTheme.h"
 
 #include <QIcon>
 
@@ -12,9 +12,10 @@ namespace pello {
 namespace {
 
 /// The user's theme, then the one that every desktop comes with.
-std::shared_ptr<const IconTheme> iconTheme() {
-    const std::array<std::string, 2> names = {QIcon::themeName().toStdString(), "Adwaita"};
-    return std::make_shared<const IconTheme>(names, IconTheme::standardRoots());
+std::shared_ptr<SharedIconTheme> iconTheme() {
+    return std::make_shared<SharedIconTheme>([own = QIcon::themeName().toStdString()] {
+        return IconTheme(std::array<std::string, 2>{own, "Adwaita"}, IconTheme::standardRoots());
+    });
 }
 
 } // namespace

@@ -51,8 +51,7 @@ protected:
     PelloController& controller = launcher.controller;
     MemoryCompositor compositor;
     IconLoader icons{launcher.loop, nullptr,
-                     std::make_shared<const IconTheme>(std::vector<std::string>{},
-                                                       std::vector<std::filesystem::path>{})};
+                     std::make_shared<SharedIconTheme>([] { return IconTheme({}, {}); })};
     ScriptFailureLog failures;
     PanelWindow panel{controller, icons, compositor, failures};
 

@@ -110,9 +110,10 @@ int main(int argc, char** argv) {
     launcher.settings().usesGlass.set(!options.isSet("opaque"));
     PelloController& controller = launcher.controller();
     controller.reindex();
-    const std::vector<std::string> themes{"Adwaita"};
-    IconLoader icons(desktop.loop, nullptr,
-                     std::make_shared<const IconTheme>(themes, IconTheme::standardRoots()));
+    IconLoader icons(desktop.loop, nullptr, std::make_shared<SharedIconTheme>([] {
+                         return IconTheme(std::vector<std::string>{"Adwaita"},
+                                          IconTheme::standardRoots());
+                     }));
     const X11Compositor compositor;
     ScriptFailureLog& failures = launcher.scriptFailures();
     if (options.isSet("failure")) {

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "base/Date.h"
 #include "base/Signal.h"
 #include "platform/IconSource.h"
 #include "platform/MainLoop.h"
-#include "ui/icons/IconTheme.h"
+#include "ui/icons/SharedIconTheme.h"
 
 #include <QCache>
 #include <QImage>
@@ -13,6 +14,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pello {
 
@@ -31,31 +33,43 @@ public:
 
     /// `loop` must outlive the loader. Without a `source`, applications have no icons.
     IconLoader(MainLoop& loop, std::shared_ptr<const IconSource> source,
-               std::shared_ptr<const IconTheme> theme);
+               std::shared_ptr<SharedIconTheme> theme);
     IconLoader(const IconLoader&) = delete;
     IconLoader& operator=(const IconLoader&) = delete;
 
     /// The icon of the application at `path`, to fill a square of `pixels`.
     [[nodiscard]] Answer ofFile(const std::filesystem::path& path, int pixels);
 
-    /// The theme's icon `name`, to fill a square of `pixels`.
-    [[nodiscard]] Answer named(std::string_view name, int pixels);
+    /// The shape of the theme's icon `name` in white, to fill a square of `pixels`.
+    [[nodiscard]] Answer symbol(std::string_view name, int pixels);
 
-    /// Looks again for images that were missing: applications come with icons.
+    /// Looks again for images that were missing: applications come with icons. Not more often than
+    /// they come.
     void forgetMissing();
 
-    /// Some image arrived, or turned out to be missing.
+    /// Images arrived, or turned out to be missing.
     Signal<> loaded;
 
 private:
     using Find = std::function<QImage()>;
+    struct Request {
+        QString key;
+        Find find;
+    };
+    struct Found {
+        QString key;
+        QImage image;
+    };
 
-    Answer answer(const std::string& key, const Find& find);
-    void store(const QString& key, const QImage& image);
+    Answer answer(const std::string& key, Find find);
+    void load();
+    void store(const std::vector<Found>& found);
 
     MainLoop& loop_;
     std::shared_ptr<const IconSource> source_;
-    std::shared_ptr<const IconTheme> theme_;
+    std::shared_ptr<SharedIconTheme> theme_;
+    std::vector<Request> requests_; // of this turn, loaded together so that they are painted once
+    Date forgotten_{};              // when missing images were last given another chance
     QCache<QString, Answer> cache_; // its cost is in bytes
     std::shared_ptr<bool> isAlive_ = std::make_shared<bool>(true);
 };

@@ -81,16 +81,6 @@ void paintInitial(QPainter& painter, const QRect& area, const std::string& title
     paintLetter(painter, area, toText(initial), font);
 }
 
-/// `drawing`, of which only the shape counts, in white.
-QImage whitened(const QImage& drawing) {
-    QImage white(drawing.size(), QImage::Format_ARGB32_Premultiplied);
-    white.fill(Qt::white);
-    QPainter painter(&white);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    painter.drawImage(0, 0, drawing);
-    return white;
-}
-
 int devicePixels(const QPainter& painter, double side) {
     return qRound(side * painter.device()->devicePixelRatioF());
 }
@@ -140,11 +130,11 @@ void IconPainter::paintSymbol(QPainter& painter, const QRect& area,
     const auto& drawing = drawingOf(icon.name);
     paintTile(painter, area, QColor::fromRgb(drawing.tile));
     const double side = area.width() * kSymbolSize;
-    const auto answer = loader_.named(drawing.iconName, devicePixels(painter, side));
+    const auto answer = loader_.symbol(drawing.iconName, devicePixels(painter, side));
     if (answer.state == IconLoader::State::ready) {
         QRectF inner(0, 0, side, side);
         inner.moveCenter(QRectF(area).center());
-        paintImage(painter, inner, whitened(answer.image));
+        paintImage(painter, inner, answer.image);
     } else if (answer.state == IconLoader::State::missing) {
         paintLetter(painter, area, toText(drawing.fallback), font);
     }

@@ -50,13 +50,13 @@ int number(const Group& group, std::string_view key, int otherwise) {
     return parsed > 0 && parsed <= 4096 ? parsed : otherwise;
 }
 
-IconTheme::Folder describe(const std::string& path, const Group& group) {
+IconTheme::Folder describe(const Group& group) {
     constexpr int kUsualSize = 48;
     const int scale = number(group, "Scale", 1);
     const int size = number(group, "Size", kUsualSize);
     const std::string type = value(group, "Type", "Threshold");
     const int pixels = size * scale;
-    IconTheme::Folder folder{.path = path, .size = pixels, .smallest = pixels, .largest = pixels};
+    IconTheme::Folder folder{.path = {}, .size = pixels, .smallest = pixels, .largest = pixels};
     if (type == "Scalable") {
         folder.smallest = number(group, "MinSize", size) * scale;
         folder.largest = number(group, "MaxSize", size) * scale;
@@ -122,11 +122,10 @@ void IconTheme::add(const std::string& name) {
         if (header == index.end()) {
             continue;
         }
-        auto& folders = themes_.back().folders;
         const std::string listed = value(header->second, "Directories");
         for (const auto path : text::split(listed, ',')) {
             if (const auto group = index.find(path); group != index.end()) {
-                folders.push_back(describe(std::string(path), group->second));
+                addFolders(themes_.back(), std::string(path), describe(group->second));
             }
         }
         const std::string parents = value(header->second, "Inherits");
@@ -157,8 +156,18 @@ std::optional<fs::path> IconTheme::find(std::string_view name, int pixels) const
     return std::nullopt;
 }
 
-std::optional<fs::path> IconTheme::findIn(const Theme& theme, const std::string& name,
-                                          int pixels) const {
+/// Adds the folder `path` of each root that has it.
+void IconTheme::addFolders(Theme& theme, const std::string& path, const Folder& sizes) const {
+    for (const auto& root : roots_) {
+        std::error_code error;
+        if (fs::path folder = root / theme.name / path; fs::is_directory(folder, error)) {
+            theme.folders.push_back(sizes);
+            theme.folders.back().path = std::move(folder);
+        }
+    }
+}
+
+std::optional<fs::path> IconTheme::findIn(const Theme& theme, const std::string& name, int pixels) {
     std::vector<const Folder*> folders;
     folders.reserve(theme.folders.size());
     for (const auto& folder : theme.folders) {
@@ -167,10 +176,8 @@ std::optional<fs::path> IconTheme::findIn(const Theme& theme, const std::string&
     std::ranges::stable_sort(folders, {},
                              [&](const Folder* each) { return misfit(*each, pixels); });
     for (const Folder* folder : folders) {
-        for (const auto& root : roots_) {
-            if (auto found = imageAt(root / theme.name / folder->path / name)) {
-                return found;
-            }
+        if (auto found = imageAt(folder->path / name)) {
+            return found;
         }
     }
     return std::nullopt;

@@ -12,8 +12,9 @@ namespace pello {
 
 /// Finds image files by icon name, as the freedesktop icon theme standard lays them out.
 ///
-/// Reads the themes' indexes once, when made; immutable after that, so that any thread may search
-/// it, several at a time. A theme that is missing or cannot be read has no icons.
+/// Reads the themes' indexes once, when made, and which of the folders that they list there are:
+/// most there are not. Immutable after that, so that any thread may search it, several at a time. A
+/// theme that is missing or cannot be read has no icons.
 class IconTheme {
 public:
     /// Searches the themes `names`, each followed by those that it inherits from, then hicolor, in
@@ -28,9 +29,9 @@ public:
     [[nodiscard]] std::optional<std::filesystem::path> find(std::string_view name,
                                                             int pixels) const;
 
-    /// One folder of a theme: the sizes, in pixels, that its images are drawn for.
+    /// One folder of a theme that there is: the sizes, in pixels, that its images are drawn for.
     struct Folder {
-        std::string path;
+        std::filesystem::path path;
         int size = 0;
         int smallest = 0;
         int largest = 0;
@@ -43,8 +44,9 @@ private:
     };
 
     void add(const std::string& name);
-    [[nodiscard]] std::optional<std::filesystem::path>
-    findIn(const Theme& theme, const std::string& name, int pixels) const;
+    void addFolders(Theme& theme, const std::string& path, const Folder& sizes) const;
+    [[nodiscard]] static std::optional<std::filesystem::path>
+    findIn(const Theme& theme, const std::string& name, int pixels);
 
     std::vector<std::filesystem::path> roots_;
     std::vector<Theme> themes_;
