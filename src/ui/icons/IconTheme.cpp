@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 
 namespace pello {
 
@@ -76,6 +77,22 @@ int misfit(const IconTheme::Folder& folder, int pixels) {
         return folder.smallest - pixels;
     }
     return pixels > folder.largest ? kEnlarged + pixels - folder.largest : 0;
+}
+
+std::uint32_t hashOf(std::string_view name) {
+    return static_cast<std::uint32_t>(std::hash<std::string_view>()(name));
+}
+
+/// The hashes of the names of the files in `folder`, without their extensions.
+std::vector<std::uint32_t> namesIn(const fs::path& folder) {
+    std::vector<std::uint32_t> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        names.push_back(hashOf(entry->path().stem().native()));
+    }
+    std::ranges::sort(names);
+    return names;
 }
 
 std::optional<fs::path> imageAt(const fs::path& withoutExtension) {
@@ -156,13 +173,14 @@ std::optional<fs::path> IconTheme::find(std::string_view name, int pixels) const
     return std::nullopt;
 }
 
-/// Adds the folder `path` of each root that has it.
+/// Adds the folder `path` of each root that has images there.
 void IconTheme::addFolders(Theme& theme, const std::string& path, const Folder& sizes) const {
     for (const auto& root : roots_) {
-        std::error_code error;
-        if (fs::path folder = root / theme.name / path; fs::is_directory(folder, error)) {
-            theme.folders.push_back(sizes);
-            theme.folders.back().path = std::move(folder);
+        Folder folder = sizes;
+        folder.path = root / theme.name / path;
+        folder.names = namesIn(folder.path);
+        if (!folder.names.empty()) {
+            theme.folders.push_back(std::move(folder));
         }
     }
 }
@@ -175,8 +193,10 @@ std::optional<fs::path> IconTheme::findIn(const Theme& theme, const std::string&
     }
     std::ranges::stable_sort(folders, {},
                              [&](const Folder* each) { return misfit(*each, pixels); });
+    const std::uint32_t hash = hashOf(name);
     for (const Folder* folder : folders) {
-        if (auto found = imageAt(folder->path / name)) {
+        const bool mayHaveIt = std::ranges::binary_search(folder->names, hash);
+        if (auto found = mayHaveIt ? imageAt(folder->path / name) : std::nullopt) {
             return found;
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -12,9 +13,9 @@ namespace pello {
 
 /// Finds image files by icon name, as the freedesktop icon theme standard lays them out.
 ///
-/// Reads the themes' indexes once, when made, and which of the folders that they list there are:
-/// most there are not. Immutable after that, so that any thread may search it, several at a time. A
-/// theme that is missing or cannot be read has no icons.
+/// Reads the themes' indexes once, when made, and lists the folders that they name: most there are
+/// not, and most of the others are not worth asking for an icon. Immutable after that, so that any
+/// thread may search it, several at a time. A theme that is missing or cannot be read has no icons.
 class IconTheme {
 public:
     /// Searches the themes `names`, each followed by those that it inherits from, then hicolor, in
@@ -35,6 +36,7 @@ public:
         int size = 0;
         int smallest = 0;
         int largest = 0;
+        std::vector<std::uint32_t> names; // hashes of what its files are called, sorted
     };
 
 private:

@@ -249,32 +249,33 @@ void PanelWindow::shapeWindow() {
 
 void PanelWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const auto& theme = style_.theme;
     const bool isBlended = margin_ > 0;
-    const QRectF area = body();
-    QPainterPath shape;
-    shape.addRoundedRect(area, style_.metrics.radius, style_.metrics.radius);
+    const QRect area = body();
     if (isBlended) {
-        QPainterPath outside;
-        outside.addRect(area.adjusted(-margin_, -margin_, margin_, margin_));
-        painter.setClipPath(outside - shape);
-        shadow_.paint(painter, body(), margin_, theme.shadow);
-        painter.setClipping(false);
+        paintShadow(painter);
     }
     QColor ground = theme.ground;
     ground.setAlphaF(isBlended && controller_.settings().usesGlass() ? float(theme.glassOpacity)
                                                                      : 1.0F);
-    painter.fillPath(shape, ground);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(theme.line);
-    painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), style_.metrics.radius - 0.5,
-                            style_.metrics.radius - 0.5);
+    ground_.paint(painter, area,
+                  {.ground = ground, .line = theme.line, .radius = style_.metrics.radius});
     if (area.height() > style_.metrics.headerHeight) {
-        painter.fillRect(
-            QRectF(area.x(), area.y() + style_.metrics.headerHeight - 1, area.width(), 1),
-            theme.line);
+        painter.fillRect(area.x(), area.y() + style_.metrics.headerHeight - 1, area.width(), 1,
+                         theme.line);
     }
+}
+
+/// Only beside the panel: its ground may be translucent.
+void PanelWindow::paintShadow(QPainter& painter) {
+    QPainterPath beside;
+    beside.addRect(body().adjusted(-margin_, -margin_, margin_, margin_));
+    QPainterPath shape;
+    shape.addRoundedRect(body(), style_.metrics.radius, style_.metrics.radius);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipPath(beside - shape);
+    shadow_.paint(painter, body(), margin_, style_.theme.shadow);
+    painter.setClipping(false);
 }
 
 bool PanelWindow::event(QEvent* event) {

@@ -8,6 +8,7 @@
 #include "ui/icons/IconLoader.h"
 #include "ui/panel/FailureRows.h"
 #include "ui/panel/NoticeRow.h"
+#include "ui/panel/PanelGround.h"
 #include "ui/panel/PanelKeys.h"
 #include "ui/panel/PanelShadow.h"
 #include "ui/panel/ResultList.h"
@@ -72,6 +73,7 @@ private:
     void fitHeight();
     void arrange();
     void shapeWindow();
+    void paintShadow(QPainter& painter);
     void endDrag();
     [[nodiscard]] int usualHeight() const;
     [[nodiscard]] QRect screenArea() const;
@@ -86,6 +88,7 @@ private:
     FailureRows failureRows_;
     NoticeRow notice_;
     PanelKeys keys_;
+    PanelGround ground_;
     PanelShadow shadow_;
     int margin_ = 0;     // the shadow's room on each side; none without a compositor
     int bodyHeight_ = 0; // of the part that is shown; the window is higher
