@@ -10,6 +10,7 @@
 #include "app/Version.h"
 #include "app/client/ControlClient.h"
 #include "platform/linux/SingleInstance.h"
+#include "platform/linux/SpareMemory.h"
 #include "platform/linux/X11Display.h"
 #include "ui/accessible/AccessibleParts.h"
 #include "ui/panel/PanelWindow.h"
@@ -26,6 +27,12 @@ namespace {
 
 // What an older launcher gets to write what it knows, before it is ended by force.
 constexpr std::chrono::seconds kPatience{2};
+
+// Until nothing of the launch goes on any more.
+constexpr std::chrono::seconds kSettling{4};
+
+// What Qt's X11 plug-in draws OpenGL with.
+constexpr const char* kGraphics = "QT_XCB_GL_INTEGRATION";
 
 /// The launcher with its panel, and who may tell it what to do. Needs the application object.
 class Agent {
@@ -58,6 +65,7 @@ public:
         } else {
             guide_.openIfNeeded();
         }
+        settled_ = platform_.ports().loop.after(kSettling, giveSpareMemoryBack);
         return true;
     }
 
@@ -115,6 +123,7 @@ private:
     AgentSettings settings_;
     AgentGuide guide_;
     ControlServer server_;
+    Subscription settled_;
 };
 
 } // namespace
@@ -137,7 +146,14 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
         std::cerr << "pello: " << problem << '\n';
         return ExitStatus::kNothing;
     }
+    const bool choosesGraphics = qEnvironmentVariableIsSet(kGraphics);
+    if (!choosesGraphics) {
+        qputenv(kGraphics, "none"); // nothing is drawn with OpenGL, which takes memory and time
+    }
     const QApplication application(argc, argv);
+    if (!choosesGraphics) {
+        qunsetenv(kGraphics); // what is started from here may draw with it
+    }
     QApplication::setApplicationName("Pello");
     QApplication::setApplicationVersion(kVersion);
     QApplication::setDesktopFileName("is.tolva.pello");
