@@ -27,7 +27,6 @@ class LauncherCase(unittest.TestCase):
         """Starts the program with its panel open, and returns its process."""
         process = self.desktop.start([PELLO, "--show"])
         self.panel = self.desktop.wait_for_active("Pello")
-        self.sizes = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_NORMAL_HINTS"])
         return process
 
     def summon(self, query):
@@ -45,7 +44,7 @@ class LauncherCase(unittest.TestCase):
         """Waits until the panel is as high as `count` rows and the web search make it."""
         header, row, padding = 60, 50, 14
         height = header + (count + 1) * row + padding
-        self.sizes.until(lambda line: f"specified size: 720 by {height}" in line, f"{count} rows")
+        self.desktop.wait_for_shape(self.panel, f"720x{height}+0+0")
 
     def wait_until_closed(self):
         states = self.desktop.watch(["xprop", "-id", self.panel, "-spy", "WM_STATE"])

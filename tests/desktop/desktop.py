@@ -185,6 +185,14 @@ class Desktop:
         values = dict(line.split("=") for line in shell.split())
         return {key: int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")}
 
+    def wait_for_shape(self, window, extents):
+        """Waits until this is what is shown of a window; nothing tells of it, so it is asked for."""
+        end = time.monotonic() + DEADLINE
+        while f"Window shape extents:  {extents}" not in self.run("xwininfo", "-id", window, "-shape"):
+            if time.monotonic() > end:
+                raise AssertionError(f"nothing of the shape {extents} for {DEADLINE} s")
+            time.sleep(0.02)
+
     def write_defaults(self, values):
         """Makes these all that the program has kept of this user. Before it starts."""
         file = self.folder / "config/pello/is.tolva.pello.plist"
