@@ -1,5 +1,6 @@
 #include "app/Agent.h"
 
+#include "app/AgentAppearance.h"
 #include "app/AgentGuide.h"
 #include "app/AgentKeyboard.h"
 #include "app/AgentSettings.h"
@@ -115,6 +116,7 @@ private:
         return true;
     }
 
+    AgentAppearance appearance_;
     DesktopPlatform platform_;
     Launcher launcher_;
     PanelWindow panel_;
