@@ -13,7 +13,10 @@ class LauncherCase(unittest.TestCase):
     is_first_start = False  # of the program, which the set-up guide opens at
 
     def setUp(self):
-        self.desktop = Desktop(SCREENSHOTS)
+        self.use(Desktop(SCREENSHOTS))
+
+    def use(self, desktop):
+        self.desktop = desktop
         self.desktop.__enter__()
         self.addCleanup(self.desktop.__exit__)
         self.addCleanup(self.desktop.screenshot, self.id().split(".")[-1])

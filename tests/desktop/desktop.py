@@ -9,11 +9,13 @@ import plistlib
 import re
 import selectors
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
 
 DEADLINE = 30  # seconds, for any one thing to happen
+PORTAL = "/org/freedesktop/portal/desktop"
 
 
 class Lines:
@@ -45,9 +47,11 @@ class Lines:
 class Desktop:
     """One screen with openbox on it. Use it in a `with`; everything ends and goes with it."""
 
-    def __init__(self, screenshots, size="1280x800"):
+    def __init__(self, screenshots, size="1280x800", monitors=()):
+        """`monitors` share the screen: "left 640/160x800/200+0+0", as xrandr takes them."""
         self.screenshots = pathlib.Path(screenshots)
         self.size = size
+        self.monitors = monitors
         self.stack = contextlib.ExitStack()
 
     def __enter__(self):
@@ -81,6 +85,8 @@ class Desktop:
         os.close(writer)
         with os.fdopen(reader) as pipe:
             self.environment["DISPLAY"] = ":" + pipe.readline().strip()
+        for monitor, output in zip(self.monitors, ["screen", *["none"] * len(self.monitors)]):
+            self.run("xrandr", "--setmonitor", *monitor.split(), output)
         self.root = self.watch(["xprop", "-root", "-spy"])
         self.start(["env", "XDG_DATA_DIRS=/usr/share", "openbox"], stderr=subprocess.DEVNULL)
         # Set once the manager manages: what is mapped earlier may be overlooked.
@@ -179,6 +185,36 @@ class Desktop:
         """The colour of one pixel, as #RRGGBB."""
         pixel = f"%[hex:u.p{{{x},{y}}}]"
         return "#" + self.run("convert", screenshot, "-format", pixel, "info:").strip()[:6]
+
+    def start_compositor(self):
+        """Starts picom, which goes into the background once it works."""
+        number = self.folder / "picom.pid"
+        self.run("picom", "-b", "--backend", "xrender", "--config", "/dev/null",
+                 "--write-pid-path", number)
+        self.stack.callback(os.kill, int(number.read_text()), signal.SIGTERM)
+
+    def start_portal(self, scheme):
+        """Starts a service that tells whether the desktop is dark: "dark", "light" or "none"."""
+        name = "org.freedesktop.portal.Desktop"
+        self.start(["/usr/bin/python3", "-m", "dbusmock", "--session", name, PORTAL,
+                    "org.freedesktop.portal.Settings"], stdout=subprocess.DEVNULL)
+        self.run("gdbus", "wait", "--session", name, "--timeout", DEADLINE)
+        self.set_scheme(scheme)
+
+    def set_scheme(self, scheme):
+        """Makes the desktop dark or light, and has the portal tell so."""
+        number = {"none": 0, "dark": 1, "light": 2}[scheme]
+        settings = "org.freedesktop.portal.Settings"
+        self._ask_mock("AddMethod", settings, "Read", "ss", "v",
+                       f"ret = dbus.UInt32({number}, variant_level=1)")
+        self._ask_mock("EmitSignal", settings, "SettingChanged", "ssv",
+                       "[<'org.freedesktop.appearance'>, <'color-scheme'>, "
+                       f"<<uint32 {number}>>]")
+
+    def _ask_mock(self, method, *arguments):
+        self.run("gdbus", "call", "--session", "--dest", "org.freedesktop.portal.Desktop",
+                 "--object-path", PORTAL, "--method", f"org.freedesktop.DBus.Mock.{method}",
+                 *arguments)
 
     def geometry(self, window):
         shell = self.run("xdotool", "getwindowgeometry", "--shell", window)
