@@ -26,10 +26,19 @@ class LauncherCase(unittest.TestCase):
         for name in ("Alpha Beacon", "Alpha Comet", "Zebra"):
             self.desktop.add_marker(name)
 
-    def start_pello(self):
+    def open_pello(self):
         """Starts the program with its panel open, and returns its process."""
         process = self.desktop.start([PELLO, "--show"])
         self.panel = self.desktop.wait_for_active("Pello")
+        return process
+
+    def start_pello(self):
+        """The same, and waits until it knows the applications: rows that come after the last key
+        stand below the others."""
+        process = self.open_pello()
+        self.desktop.type("zebra")
+        self.wait_for_rows(1)
+        self.desktop.key("Escape")
         return process
 
     def summon(self, query):

@@ -81,7 +81,9 @@ exit 3
 """)
         self.desktop.add_script("watch", "exec sleep 1000\n")
         self.start_pello()
-        self.desktop.type("po it's \"done\"")
+        self.desktop.type("po it's \"done")
+        self.wait_for_rows(1)
+        self.desktop.type("\"")
         self.desktop.key("Return")
         home = self.desktop.folder / "home"
         self.expect_mark(f"Post: posted it's \"done\" from {home}")

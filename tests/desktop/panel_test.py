@@ -94,7 +94,7 @@ class PanelTest(case.LauncherCase):
         for scale in ("1.25", "1.5"):
             with self.subTest(scale):
                 self.desktop.environment["QT_SCALE_FACTOR"] = scale
-                self.start_pello()
+                self.open_pello()
                 self.desktop.type("alpha")
                 self.desktop.screenshot(f"scale-{scale}")
                 place = self.place()
@@ -130,7 +130,7 @@ class PanelTest(case.LauncherCase):
     def test_its_shadow_falls_on_what_is_behind_and_no_corner_is_black(self):
         self.desktop.start_portal("light")
         self.desktop.start_compositor()
-        self.start_pello()
+        self.open_pello()
         place = self.place()
         margin = (place["WIDTH"] - WIDTH) // 2
         self.assertGreater(margin, 0)
