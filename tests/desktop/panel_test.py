@@ -12,7 +12,9 @@ WIDTH, HEADER = 720, 60
 
 class PanelTest(case.LauncherCase):
     def place(self):
-        return self.desktop.geometry(self.panel)
+        """Where the panel is; how high its window is tells nothing."""
+        geometry = self.desktop.geometry(self.panel)
+        return {key: geometry[key] for key in ("X", "Y", "WIDTH")}
 
     def wait_for(self, look, wanted, what):
         """Waits until `look` finds what is wanted."""
@@ -24,10 +26,10 @@ class PanelTest(case.LauncherCase):
     def colour(self, name, x, y):
         return self.desktop.colour(self.desktop.screenshot(name), x, y)
 
-    def middle(self):
+    def middle(self, margin=0):
         """A point in the header where nothing stands."""
         place = self.place()
-        return place["X"] + place["WIDTH"] // 2, place["Y"] + place["HEIGHT"] // 2
+        return place["X"] + margin + 3 * WIDTH // 4, place["Y"] + margin + HEADER // 2
 
     def test_a_query_is_recalled_and_the_file_of_a_row_shown(self):
         self.desktop.add_marking_program("xdg-open")
@@ -128,29 +130,29 @@ class PanelTest(case.LauncherCase):
         self.wait_for(lambda: self.colour("light-again", x, y), lambda now: now == light, "light")
 
     def test_its_shadow_falls_on_what_is_behind_and_no_corner_is_black(self):
+        self.desktop.run("xsetroot", "-solid", "#336699")
         self.desktop.start_portal("light")
         self.desktop.start_compositor()
         self.open_pello()
         place = self.place()
         margin = (place["WIDTH"] - WIDTH) // 2
         self.assertGreater(margin, 0)
-        left, top = place["X"], place["Y"]
-        right, bottom = left + place["WIDTH"] - 1, top + place["HEIGHT"] - 1
+        left, top, right = place["X"], place["Y"], place["X"] + place["WIDTH"] - 1
         for scheme in ("light", "dark"):
             with self.subTest(scheme):
                 self.desktop.set_scheme(scheme)
                 shot = self.wait_for(lambda: self.desktop.screenshot(f"composited-{scheme}"),
-                                     lambda file: self.is_dark(file) == (scheme == "dark"), scheme)
+                                     lambda file: self.is_dark(file, margin) == (scheme == "dark"),
+                                     scheme)
                 ground = self.parts(shot, 0, 0)
-                for corner in ((left, top), (right, top), (left, bottom), (right, bottom)):
-                    self.assertEqual(self.parts(shot, *corner), ground)
-                for x in (left + margin, right - margin):
+                for corner, x in ((left, left + margin), (right, right - margin)):
+                    self.assertEqual(self.parts(shot, corner, top), ground)
                     shaded = self.parts(shot, x, top + margin)
                     for bright, dim in zip(ground, shaded):
                         self.assertTrue(bright / 3 < dim < bright, "the ground, in the shadow")
 
-    def is_dark(self, shot):
-        return max(self.parts(shot, *self.middle())) < 0x60
+    def is_dark(self, shot, margin):
+        return max(self.parts(shot, *self.middle(margin))) < 0x60
 
     def parts(self, shot, x, y):
         return [int(part, 16) for part in re.findall("..", self.desktop.colour(shot, x, y)[1:])]
