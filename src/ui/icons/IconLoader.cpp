@@ -108,14 +108,17 @@ IconLoader::Answer IconLoader::answer(const std::string& key, Find find) {
     if (requests_.size() == 1) {
         loop_.post([this, alive = std::weak_ptr(isAlive_)] {
             if (!alive.expired()) {
-                load();
+                begin();
             }
         });
     }
     return {};
 }
 
-void IconLoader::load() {
+void IconLoader::begin() {
+    if (requests_.empty()) {
+        return;
+    }
     auto work = [requests = std::exchange(requests_, {})] {
         std::vector<Found> found;
         found.reserve(requests.size());

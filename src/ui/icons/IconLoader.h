@@ -43,6 +43,9 @@ public:
     /// The shape of the theme's icon `name` in white, to fill a square of `pixels`.
     [[nodiscard]] Answer symbol(std::string_view name, int pixels);
 
+    /// Begins at once with what was asked for, instead of after this turn of the main loop.
+    void begin();
+
     /// Looks again for images that were missing: applications come with icons. Not more often than
     /// they come.
     void forgetMissing();
@@ -62,7 +65,6 @@ private:
     };
 
     Answer answer(const std::string& key, Find find);
-    void load();
     void store(const std::vector<Found>& found);
 
     MainLoop& loop_;

@@ -109,6 +109,14 @@ void IconPainter::paint(QPainter& painter, const QRect& area, const LaunchItem& 
     painter.restore();
 }
 
+void IconPainter::request(const LaunchItem& item, int width, double scale) const {
+    if (const auto* file = std::get_if<LaunchItem::FileIcon>(&item.icon)) {
+        (void)loader_.ofFile(file->url, qRound(width * scale));
+    } else if (const auto* symbol = std::get_if<LaunchItem::SymbolIcon>(&item.icon)) {
+        (void)loader_.symbol(drawingOf(symbol->name).iconName, qRound(width * kSymbolSize * scale));
+    }
+}
+
 void IconPainter::paintFile(QPainter& painter, const QRect& area, const LaunchItem& item,
                             const LaunchItem::FileIcon& icon, const QFont& font) const {
     const auto answer = loader_.ofFile(icon.url, devicePixels(painter, area.width()));

@@ -23,6 +23,10 @@ public:
     void paint(QPainter& painter, const QRect& area, const LaunchItem& item, const QFont& font,
                const QColor& textColor) const;
 
+    /// Lets the image of `item`, if it has one, be loaded for a square `width` wide on a device
+    /// with `scale` pixels for each: before it is painted, so that it need not be painted twice.
+    void request(const LaunchItem& item, int width, double scale) const;
+
 private:
     void paintFile(QPainter& painter, const QRect& area, const LaunchItem& item,
                    const LaunchItem::FileIcon& icon, const QFont& font) const;

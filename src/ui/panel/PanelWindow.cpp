@@ -84,7 +84,7 @@ void PanelWindow::connectParts() {
     subscriptions_.push_back(failures_.changed.connect([this] { refresh(); }));
     notice_.onDismiss = [this] { controller_.dismissNotice(); };
     subscriptions_.push_back(controller_.changed.connect([this] { refresh(); }));
-    subscriptions_.push_back(icons_.loaded.connect([this] { list_.viewport()->update(); }));
+    subscriptions_.push_back(icons_.loaded.connect([this] { list_.repaintIcons(); }));
     auto& settings = controller_.settings();
     for (Signal<>* appearance : {&settings.fontSize.changed, &settings.usesGlass.changed}) {
         subscriptions_.push_back(appearance->connect([this] { restyle(); }));

@@ -71,9 +71,21 @@ void ResultDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 
     const int textStart = metrics.icon + metrics.rowPadding;
     const QRect texts = part(inner, option.direction, textStart, inner.width() - textStart);
+    if (!damage.intersects(texts)) {
+        return;
+    }
     const Accessory end = accessory(*result.item, option.state.testFlag(QStyle::State_Selected));
     paintTexts(*painter, paintAccessory(*painter, texts, option.direction, end), result,
                model->subtitle(index.row()));
+}
+
+void ResultDelegate::requestIcon(const LaunchItem& item, double scale) const {
+    icons_.request(item, style_.metrics.icon, scale);
+}
+
+QRect ResultDelegate::iconColumn(const QRect& list, Qt::LayoutDirection direction) const {
+    const auto& metrics = style_.metrics;
+    return part(list, direction, metrics.rowMargin + metrics.rowPadding, metrics.icon);
 }
 
 /// Words stand by themselves; keys, and what Return does in the selected row, in a pill.

@@ -23,6 +23,15 @@ public:
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
 
+    /// Lets the icon of `item` be loaded before it is painted; `scale` as in IconPainter.
+    void requestIcon(const LaunchItem& item, double scale) const;
+
+    /// Where the icons of a list as wide as `list` are.
+    [[nodiscard]] QRect iconColumn(const QRect& list, Qt::LayoutDirection direction) const;
+
+    /// What is painted anew; texts beside it are left as they are.
+    QRect damage;
+
     /// What the selected row says was done with it.
     std::optional<RowRemark> remark;
 

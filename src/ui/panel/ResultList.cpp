@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QCursor>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -13,7 +14,7 @@
 namespace pello {
 
 ResultList::ResultList(const PanelStyle& style, IconLoader& icons)
-    : style_(style), delegate_(style, icons) {
+    : style_(style), delegate_(style, icons), icons_(icons) {
     setModel(&model_);
     setItemDelegate(&delegate_);
     setFrameShape(QFrame::NoFrame);
@@ -38,6 +39,7 @@ void ResultList::restyle() {
 }
 
 void ResultList::setResults(std::span<const SearchResult> results, int selection) {
+    requestIcons(results);
     model_.setResults(results);
     const QModelIndex current = model_.index(selection, 0);
     if (current != currentIndex()) {
@@ -64,6 +66,24 @@ void ResultList::announceSelection() {
     if (std::exchange(announced_, row) != row) {
         announceRow(*this, current.row());
     }
+}
+
+/// Of as many rows as are mostly seen. A worker loads them while this thread lays the rows out.
+void ResultList::requestIcons(std::span<const SearchResult> results) {
+    constexpr std::size_t kSeenAtOnce = 12;
+    for (const SearchResult& result : results.first(std::min(results.size(), kSeenAtOnce))) {
+        delegate_.requestIcon(*result.item, devicePixelRatioF());
+    }
+    icons_.begin();
+}
+
+void ResultList::repaintIcons() {
+    viewport()->update(delegate_.iconColumn(viewport()->rect(), layoutDirection()));
+}
+
+void ResultList::paintEvent(QPaintEvent* event) {
+    delegate_.damage = event->rect();
+    QListView::paintEvent(event);
 }
 
 void ResultList::setRemark(std::optional<RowRemark> remark) {

@@ -32,6 +32,9 @@ public:
     /// Shows a reason below each title, or the subtitles again where there are none.
     void setReasons(std::span<const std::string> reasons);
 
+    /// Paints the icons anew: some have arrived.
+    void repaintIcons();
+
     /// How high the list should be where there is `room`: as high as all its rows or as many whole
     /// ones as fit, at least one. 0 without rows.
     [[nodiscard]] int heightWithin(int room) const;
@@ -48,18 +51,21 @@ public:
     std::function<void(int row)> onClick;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    void requestIcons(std::span<const SearchResult> results);
     [[nodiscard]] int rowAt(const QMouseEvent& event) const;
     void announceSelection();
 
     const PanelStyle& style_;
     ResultModel model_;
     ResultDelegate delegate_;
+    IconLoader& icons_;
     QPoint pointer_; // on the screen, when it last moved
     int pressedRow_ = -1;
     QString announced_; // the row that was told last, in words
