@@ -53,11 +53,13 @@ public:
         loop.settle();
     }
 
-    /// The titles of the rows, from the top, but for the web search that every text ends in.
+    /// The titles of the rows, from the top, but for the web search that every text ends in and for
+    /// the launcher's own commands.
     [[nodiscard]] std::vector<std::string> titles() const {
         std::vector<std::string> titles;
         for (const SearchResult& result : controller.results()) {
-            if (result.item->kind != LaunchItem::Kind::webSearch) {
+            if (result.item->kind != LaunchItem::Kind::webSearch &&
+                !result.item->id.starts_with("cmd:pello-")) {
                 titles.push_back(result.item->title);
             }
         }

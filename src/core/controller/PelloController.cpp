@@ -5,6 +5,7 @@
 #include "core/controller/Completion.h"
 #include "core/controller/RankingWords.h"
 #include "core/controller/StableRows.h"
+#include "sources/PelloCommands.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -417,6 +418,19 @@ void PelloController::resetPanelPlacement() {
 }
 
 // The sources
+
+std::shared_ptr<const PreparedList> PelloController::ownCommands() const {
+    const auto calling = [](const std::function<void()>& action) {
+        return [&action] {
+            if (action) {
+                action();
+            }
+        };
+    };
+    return PreparedList::make(
+        PelloCommands::items({.checkForUpdates = calling(onCheckForUpdates),
+                              .showReleaseNotes = calling(onShowReleaseNotes)}));
+}
 
 void PelloController::configureSources() {
     parts_.aliases.configure(parts_.settings.urlAliases.get());

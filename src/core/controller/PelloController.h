@@ -8,6 +8,8 @@
 #include "core/controller/RowRemark.h"
 #include "core/items/SearchResult.h"
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -118,6 +120,10 @@ public:
     /// loop.
     void run(const LaunchItemRef& item);
 
+    /// What the commands about the launcher itself do; without it they do nothing.
+    std::function<void()> onCheckForUpdates;
+    std::function<void()> onShowReleaseNotes;
+
     // The panel
 
     /// `panel` must outlive the controller or be replaced; null for none.
@@ -153,6 +159,7 @@ public:
     [[nodiscard]] PelloSettings& settings() { return parts_.settings; }
 
 private:
+    [[nodiscard]] std::shared_ptr<const PreparedList> ownCommands() const;
     [[nodiscard]] const SearchResult* selectedResult() const;
     [[nodiscard]] std::vector<SearchResult> search() const;
     void followSources();
@@ -172,7 +179,7 @@ private:
     class Change;
 
     ControllerParts parts_;
-    QuerySearch search_{parts_};
+    QuerySearch search_{parts_, ownCommands()};
     LauncherPanel* panel_ = nullptr;
     std::string query_;
     std::vector<SearchResult> results_;

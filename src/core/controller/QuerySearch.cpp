@@ -71,7 +71,7 @@ void QuerySearch::showRunning(std::vector<SearchResult>& results) const {
 }
 
 Catalogue QuerySearch::catalogue() const {
-    Catalogue lists = {parts_.indexer.items(), parts_.aliases.items()};
+    Catalogue lists = {parts_.indexer.items(), ownCommands_, parts_.aliases.items()};
     if (parts_.settings.includesScripts.get()) {
         lists.push_back(parts_.scripts.items());
         lists.push_back(parts_.runningScripts.items());

@@ -6,7 +6,9 @@
 #include "search/PreparedList.h"
 #include "search/SearchExplanation.h"
 
+#include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pello {
@@ -14,8 +16,9 @@ namespace pello {
 /// Finds what a query means among the sources. Main thread only.
 class QuerySearch {
 public:
-    /// `parts` must outlive the search.
-    explicit QuerySearch(const ControllerParts& parts) : parts_(parts) {}
+    /// `parts` must outlive the search; `ownCommands` are those about the launcher itself.
+    QuerySearch(const ControllerParts& parts, std::shared_ptr<const PreparedList> ownCommands)
+        : parts_(parts), ownCommands_(std::move(ownCommands)) {}
 
     /// What `query` searches now: a normal search where it asks for windows, which nothing serves.
     [[nodiscard]] static SearchMode mode(std::string_view query);
@@ -41,6 +44,7 @@ private:
     void showRunning(std::vector<SearchResult>& results) const;
 
     const ControllerParts& parts_;
+    std::shared_ptr<const PreparedList> ownCommands_;
 };
 
 } // namespace pello
