@@ -21,17 +21,18 @@ UpdateVerdict UpdateVerdict::of(const ReleaseVersion& installed,
                 .release = newest};
     }
     // Without a server to ask, nothing is known of what has come out since.
-    const std::string since =
-        place == Place::network
-            ? ""
-            : " Only the release notes on this computer were asked: newer versions come the way "
-              "Pello was installed.";
+    const bool isSure = place == Place::network;
+    const std::string since = isSure ? ""
+                                     : " Only the release notes on this computer were asked: newer "
+                                       "versions come the way Pello was installed.";
     if (newest.version < installed) {
         return {.kind = Kind::ahead,
                 .title = "Your Pello is newer than any release",
                 .message = yours + " The newest release is " + newest.version.text() + '.' + since};
     }
-    return {.kind = Kind::current, .title = "Pello is up to date", .message = yours + since};
+    return {.kind = Kind::current,
+            .title = isSure ? "Pello is up to date" : "No newer Pello is known here",
+            .message = yours + since};
 }
 
 } // namespace pello
