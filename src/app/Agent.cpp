@@ -4,6 +4,7 @@
 #include "app/AgentGuide.h"
 #include "app/AgentKeyboard.h"
 #include "app/AgentSettings.h"
+#include "app/AgentUpdates.h"
 #include "app/ControlServer.h"
 #include "app/DesktopPlatform.h"
 #include "app/Launcher.h"
@@ -47,6 +48,7 @@ public:
                     [] { QApplication::quit(); }),
           settings_(launcher_, platform_.ports(), keyboard_),
           guide_(launcher_, platform_.ports(), keyboard_, settings_, panel_),
+          updates_(launcher_.controller(), platform_.ports()),
           server_([this](std::string_view verb) { return answer(verb); }) {
         panel_.setSettingsOpener([this] { settings_.present(); });
         tray_.onSettings = [this] { settings_.present(); };
@@ -124,6 +126,7 @@ private:
     AgentKeyboard keyboard_;
     AgentSettings settings_;
     AgentGuide guide_;
+    AgentUpdates updates_;
     ControlServer server_;
     Subscription settled_;
 };

@@ -3,12 +3,13 @@
 #include "support/MemoryLauncher.h"
 
 #include <QImage>
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace pello {
 namespace {
-
-using testing::ElementsAre;
 
 std::vector<std::string> texts(const QMenu& menu) {
     std::vector<std::string> texts;
@@ -24,15 +25,35 @@ TEST(TrayIconTest, ItsMenuListsTheFailuresThatAreNotDismissed) {
     MemoryLauncher launcher;
     ScriptFailureLog failures;
     TrayIcon icon(launcher.controller, failures);
-    EXPECT_THAT(texts(icon.menu()), ElementsAre("Open Pello", "Settings…", "Set-up Guide…",
-                                                "Write a Sample Script", "Quit Pello"));
+    const auto expected = [](std::vector<std::string> failures) {
+        std::vector<std::string> all = {"Open Pello"};
+        std::ranges::move(failures, std::back_inserter(all));
+        for (const char* text : {"Settings…", "Set-up Guide…", "Write a Sample Script",
+                                 "What’s New in Pello", "Check for Updates", "Quit Pello"}) {
+            all.emplace_back(text);
+        }
+        return all;
+    };
+    EXPECT_EQ(texts(icon.menu()), expected({}));
     failures.record({.name = "R&D", .fileName = "b", .status = 1, .detail = "x"});
-    EXPECT_THAT(texts(icon.menu()),
-                ElementsAre("Open Pello", "R&&D failed", "Settings…", "Set-up Guide…",
-                            "Write a Sample Script", "Quit Pello"));
+    EXPECT_EQ(texts(icon.menu()), expected({"R&&D failed"}));
     failures.dismiss(ScriptFailure(failures.failures().front()));
-    EXPECT_THAT(texts(icon.menu()), ElementsAre("Open Pello", "Settings…", "Set-up Guide…",
-                                                "Write a Sample Script", "Quit Pello"));
+    EXPECT_EQ(texts(icon.menu()), expected({}));
+}
+
+TEST(TrayIconTest, ItsMenuDoesWhatTheProgramInstalls) {
+    MemoryLauncher launcher;
+    ScriptFailureLog failures;
+    TrayIcon icon(launcher.controller, failures);
+    std::string done;
+    launcher.controller.onShowReleaseNotes = [&] { done += "notes "; };
+    launcher.controller.onCheckForUpdates = [&] { done += "check "; };
+    for (QAction* action : icon.menu().actions()) {
+        if (action->text().startsWith("What") || action->text().startsWith("Check")) {
+            action->trigger();
+        }
+    }
+    EXPECT_EQ(done, "notes check ");
 }
 
 TEST(TrayIconTest, TheMarkIsSeenOnDarkAndLightTrays) {

@@ -1,6 +1,7 @@
 #include "ui/tray/TrayIcon.h"
 
 #include "ui/panel/MarkedText.h"
+#include "ui/theme/PelloIcon.h"
 #include "ui/tray/FailureDialog.h"
 
 #include <QApplication>
@@ -11,7 +12,8 @@
 namespace pello {
 namespace {
 
-constexpr int kSize = 64; // scaled down to what the tray shows
+constexpr int kSize = 64;                  // scaled down to what the tray shows
+constexpr QRect kLetter(-14, -14, 92, 92); // the letter alone, without the tile's margins
 constexpr QColor kMark(0xe0, 0x3c, 0x31);
 
 } // namespace
@@ -58,7 +60,20 @@ void TrayIcon::refresh() {
     });
     menu_.addAction(QStringLiteral("Write a Sample Script"), &menu_,
                     [this] { controller_.writeSampleScript(); });
+    menu_.addSeparator();
+    addCommand(QStringLiteral("What’s New in Pello"), controller_.onShowReleaseNotes);
+    addCommand(QStringLiteral("Check for Updates"), controller_.onCheckForUpdates);
+    menu_.addSeparator();
     menu_.addAction(QStringLiteral("Quit Pello"), &menu_, [] { QApplication::quit(); });
+}
+
+/// What `action` does is installed after the tray was made.
+void TrayIcon::addCommand(const QString& text, const std::function<void()>& action) {
+    menu_.addAction(text, &menu_, [&action] {
+        if (action) {
+            action();
+        }
+    });
 }
 
 void TrayIcon::redraw() {
@@ -79,9 +94,7 @@ QIcon TrayIcon::drawn(bool isMarked, const QColor& colour) {
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 6, Qt::SolidLine, Qt::RoundCap));
-    painter.drawEllipse(QPointF(28, 28), 18, 18);
-    painter.drawLine(QPointF(42, 42), QPointF(54, 54));
+    paintPelloLetter(painter, QRectF(kLetter), colour);
     if (isMarked) {
         painter.setCompositionMode(QPainter::CompositionMode_Clear);
         painter.setPen(Qt::NoPen);

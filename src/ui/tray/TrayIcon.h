@@ -35,6 +35,7 @@ protected:
 
 private:
     void refresh();
+    void addCommand(const QString& text, const std::function<void()>& action);
     void redraw();
 
     PelloController& controller_;

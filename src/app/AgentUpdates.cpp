@@ -1,0 +1,46 @@
+#include "app/AgentUpdates.h"
+
+#include "app/ReleaseFeedAddress.h"
+#include "app/Version.h"
+
+namespace pello {
+
+AgentUpdates::AgentUpdates(PelloController& controller, const Platform& platform)
+    : controller_(controller), platform_(platform) {
+    controller_.onCheckForUpdates = [this] { checkForUpdates(); };
+    controller_.onShowReleaseNotes = [this] { showReleaseNotes(); };
+}
+
+/// The windows go before what they work with.
+AgentUpdates::~AgentUpdates() {
+    controller_.onCheckForUpdates = nullptr;
+    controller_.onShowReleaseNotes = nullptr;
+    delete notes_.data();
+    delete check_.data();
+}
+
+NotesServices AgentUpdates::services() {
+    return {.reader = reader_,
+            .loop = platform_.loop,
+            .feed = releaseFeedAddress(),
+            .installed = ReleaseVersion::from(kVersion).value(),
+            .openAddress = [this](const std::string& address) {
+                platform_.workspace.openAddress(address);
+            }};
+}
+
+void AgentUpdates::showReleaseNotes() {
+    if (!notes_) {
+        notes_ = new NotesWindow(services()); // deletes itself when it is closed
+    }
+    notes_->present();
+}
+
+void AgentUpdates::checkForUpdates() {
+    if (!check_) {
+        check_ = new UpdateDialog(services(), [this] { showReleaseNotes(); });
+    }
+    check_->present();
+}
+
+} // namespace pello
