@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc)
 SOURCES = $(shell git ls-files --cached --others --exclude-standard -- '*.h' '*.cpp' '*.mm')
 
-.PHONY: build test asan tsan cover fuzz bench bench-desktop format lint check layers macos
+.PHONY: build test asan tsan cover fuzz bench bench-desktop format lint check layers macos package
 
 build: ; @tools/preset release
 test: build ; @tools/setup run test && ctest --preset release
@@ -16,4 +16,5 @@ layers: ; @tools/layers
 macos: ; @tools/check-macos
 format: ; @tools/setup develop && clang-format-19 -i $(SOURCES)
 lint: ; @tools/lint
+package: ; @tools/package
 check: layers lint test asan tsan macos
