@@ -13,6 +13,7 @@
 #include "app/client/ControlClient.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/SpareMemory.h"
+#include "platform/linux/TrayHosts.h"
 #include "platform/linux/X11Display.h"
 #include "ui/accessible/AccessibleParts.h"
 #include "ui/panel/PanelWindow.h"
@@ -123,6 +124,7 @@ private:
     Launcher launcher_;
     PanelWindow panel_;
     TrayIcon tray_;
+    TrayHosts trayHosts_{[this] { tray_.appear(); }};
     AgentKeyboard keyboard_;
     AgentSettings settings_;
     AgentGuide guide_;

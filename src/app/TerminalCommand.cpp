@@ -8,6 +8,7 @@
 #include "app/TerminalInput.h"
 #include "app/TerminalPlatform.h"
 #include "app/TerminalRescue.h"
+#include "app/TerminalUpdates.h"
 #include "ui/terminal/CursesPainter.h"
 #include "ui/terminal/LineFrontEnd.h"
 #include "ui/terminal/TerminalWindow.h"
@@ -64,6 +65,7 @@ void runLauncher(CursesPainter& painter, QuitSignals& quits, HeldSignals& resize
                            .forget = [&] { painter.forget(); },
                            .suspend = [] { ::kill(0, SIGTSTP); },
                            .end = [] { QCoreApplication::quit(); }});
+    const TerminalUpdates updates(launcher.controller(), platform.loop());
     const TerminalInput input([&](std::string_view bytes) { window.type(bytes); },
                               [] { QCoreApplication::quit(); });
     quits.deliver([] { QCoreApplication::quit(); });

@@ -23,16 +23,21 @@ TrayIcon::TrayIcon(PelloController& controller, ScriptFailureLog& failures)
       failures_(failures),
       changing_(failures.changed.connect([this] { refresh(); })) {
     menu_.installEventFilter(this);
-    icon_.setContextMenu(&menu_);
-    icon_.setToolTip(QStringLiteral("Pello"));
-    QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
+    refresh();
+}
+
+void TrayIcon::appear() {
+    icon_.emplace();
+    icon_->setContextMenu(&menu_);
+    icon_->setToolTip(QStringLiteral("Pello"));
+    QObject::connect(&*icon_, &QSystemTrayIcon::activated, &*icon_,
                      [this](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger) {
                              controller_.toggle();
                          }
                      });
-    refresh();
-    icon_.show();
+    redraw();
+    icon_->show();
 }
 
 void TrayIcon::refresh() {
@@ -77,8 +82,10 @@ void TrayIcon::addCommand(const QString& text, const std::function<void()>& acti
 }
 
 void TrayIcon::redraw() {
-    icon_.setIcon(
-        drawn(!failures_.failures().empty(), QApplication::palette().color(QPalette::WindowText)));
+    if (icon_) {
+        icon_->setIcon(drawn(!failures_.failures().empty(),
+                             QApplication::palette().color(QPalette::WindowText)));
+    }
 }
 
 /// The menu hears of the desktop's colours, which the icon is drawn in.

@@ -9,6 +9,7 @@
 #include <QSystemTrayIcon>
 
 #include <functional>
+#include <optional>
 
 namespace pello {
 
@@ -16,8 +17,11 @@ namespace pello {
 /// been dismissed. Desktops without a tray do not show it.
 class TrayIcon final : public QObject {
 public:
-    /// Both must outlive the icon.
+    /// Shows nothing yet. Both must outlive the icon.
     TrayIcon(PelloController& controller, ScriptFailureLog& failures);
+
+    /// Shows the icon from now on: there is a tray.
+    void appear();
 
     /// The user wants to change the settings.
     std::function<void()> onSettings;
@@ -41,7 +45,7 @@ private:
     PelloController& controller_;
     ScriptFailureLog& failures_;
     QMenu menu_;
-    QSystemTrayIcon icon_;
+    std::optional<QSystemTrayIcon> icon_;
     Subscription changing_;
 };
 
