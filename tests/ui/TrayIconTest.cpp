@@ -25,9 +25,9 @@ TEST(TrayIconTest, ItsMenuListsTheFailuresThatAreNotDismissed) {
     MemoryLauncher launcher;
     ScriptFailureLog failures;
     TrayIcon icon(launcher.controller, failures);
-    const auto expected = [](std::vector<std::string> failures) {
+    const auto expected = [](std::vector<std::string> failed) {
         std::vector<std::string> all = {"Open Pello"};
-        std::ranges::move(failures, std::back_inserter(all));
+        std::ranges::move(failed, std::back_inserter(all));
         for (const char* text : {"Settings…", "Set-up Guide…", "Write a Sample Script",
                                  "What’s New in Pello", "Check for Updates", "Quit Pello"}) {
             all.emplace_back(text);

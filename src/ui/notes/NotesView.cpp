@@ -59,6 +59,9 @@ void NotesView::write() {
     cards_.clear();
     badges_.clear();
     clear();
+    QTextFrameFormat whole = document()->rootFrame()->frameFormat();
+    whole.setTopMargin(0); // the header has a margin of its own
+    document()->rootFrame()->setFrameFormat(whole);
     QTextCursor cursor(document());
     cursor.setBlockFormat(gapFormat());
     const std::size_t newer = installed_ ? newerCount(releases_, *installed_) : 0;
