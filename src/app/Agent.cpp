@@ -11,6 +11,7 @@
 #include "app/QuitSignals.h"
 #include "app/Version.h"
 #include "app/client/ControlClient.h"
+#include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/SpareMemory.h"
 #include "platform/linux/TrayHosts.h"
@@ -124,7 +125,7 @@ private:
     Launcher launcher_;
     PanelWindow panel_;
     TrayIcon tray_;
-    TrayHosts trayHosts_{[this] { tray_.appear(); }};
+    TrayHosts trayHosts_{sessionBus(Environment::ofThisProcess()), [this] { tray_.appear(); }};
     AgentKeyboard keyboard_;
     AgentSettings settings_;
     AgentGuide guide_;

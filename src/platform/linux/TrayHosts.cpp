@@ -2,7 +2,6 @@
 
 #include "platform/linux/Xcb.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -19,8 +18,10 @@ namespace {
 constexpr const char* kWatcher = "org.kde.StatusNotifierWatcher";
 constexpr const char* kWatcherPath = "/StatusNotifierWatcher";
 
-const QNativeInterface::QX11Application* x11() {
-    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+/// Null where the screen is none of an X server's.
+xcb_connection_t* x11Connection() {
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr ? x11->connection() : nullptr;
 }
 
 bool isOwned(xcb_connection_t* connection, xcb_atom_t selection) {
@@ -32,7 +33,8 @@ bool isOwned(xcb_connection_t* connection, xcb_atom_t selection) {
 
 } // namespace
 
-TrayHosts::TrayHosts(std::function<void()> appeared) : appeared_(std::move(appeared)) {
+TrayHosts::TrayHosts(const QDBusConnection& bus, std::function<void()> appeared)
+    : bus_(bus), appeared_(std::move(appeared)) {
     QCoreApplication::instance()->installNativeEventFilter(this);
     QTimer::singleShot(0, &receiver_, [this] { look(); }); // what is urgent goes first
 }
@@ -44,23 +46,23 @@ TrayHosts::~TrayHosts() {
 }
 
 void TrayHosts::look() {
-    if (const auto* display = x11()) {
-        selection_ = atomNamed(display->connection(), "_NET_SYSTEM_TRAY_S0");
-        manager_ = atomNamed(display->connection(), "MANAGER");
-        if (isOwned(display->connection(), selection_)) {
+    if (xcb_connection_t* connection = x11Connection()) {
+        selection_ = atomNamed(connection, "_NET_SYSTEM_TRAY_S0");
+        manager_ = atomNamed(connection, "MANAGER");
+        if (isOwned(connection, selection_)) {
             tell();
             return;
         }
     }
-    if (!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) {
+    if (bus_.isConnected()) {
         askBus();
     }
 }
 
 /// A host that comes later is heard of by a signal of the watcher's, whoever that is then.
 void TrayHosts::askBus() {
-    bus_ = std::make_unique<BusSignals>(sd_bus_open_user);
-    bus_->listen(
+    signals_ = std::make_unique<BusSignals>(sd_bus_open_user);
+    signals_->listen(
         {.sender = kWatcher,
          .path = kWatcherPath,
          .interface = kWatcher,
@@ -71,8 +73,7 @@ void TrayHosts::askBus() {
                                                QStringLiteral("Get"));
     call << kWatcher << QStringLiteral("IsStatusNotifierHostRegistered");
     call.setAutoStartService(false);
-    auto* answer =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), &receiver_);
+    auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(call), &receiver_);
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, &receiver_, [this, answer] {
         const QDBusPendingReply<QDBusVariant> reply = *answer;
         answer->deleteLater();
@@ -84,7 +85,7 @@ void TrayHosts::askBus() {
 
 void TrayHosts::tell() {
     QCoreApplication::instance()->removeNativeEventFilter(this);
-    bus_.reset();
+    signals_.reset();
     if (const auto appeared = std::exchange(appeared_, nullptr)) {
         appeared();
     }

@@ -3,6 +3,7 @@
 #include "platform/linux/BusSignals.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QDBusConnection>
 #include <QObject>
 
 #include <cstdint>
@@ -19,8 +20,9 @@ namespace pello {
 /// icon made too early would never be seen. Needs Qt's application object; main thread only.
 class TrayHosts final : public QAbstractNativeEventFilter {
 public:
-    /// Calls `appeared` once, in a later turn of the loop, when there is a host or one comes.
-    explicit TrayHosts(std::function<void()> appeared);
+    /// Calls `appeared` once, in a later turn of the loop, when there is a host or one comes. `bus`
+    /// is the session's, or not connected where there is none.
+    TrayHosts(const QDBusConnection& bus, std::function<void()> appeared);
     ~TrayHosts() override;
     TrayHosts(const TrayHosts&) = delete;
     TrayHosts& operator=(const TrayHosts&) = delete;
@@ -32,8 +34,9 @@ private:
     void askBus();
     void tell();
 
+    QDBusConnection bus_;
     std::function<void()> appeared_;
-    std::unique_ptr<BusSignals> bus_;
+    std::unique_ptr<BusSignals> signals_;
     std::uint32_t selection_ = 0; // of the host on X
     std::uint32_t manager_ = 0;   // what a host on X says when it has come
     QObject receiver_;

@@ -43,14 +43,8 @@ private:
 
 class TrayHostsTest : public testing::Test {
 protected:
-    static PrivateBus& bus() {
-        static PrivateBus* const bus = [] {
-            auto* made = new PrivateBus; // Qt's own connection to it outlives all tests
-            qputenv("DBUS_SESSION_BUS_ADDRESS", made->address().toUtf8());
-            return made;
-        }();
-        return *bus;
-    }
+    TrayHostsTest() { qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8()); }
+    ~TrayHostsTest() override { qunsetenv("DBUS_SESSION_BUS_ADDRESS"); }
 
     static void turnUntil(const std::function<bool()>& happened) {
         while (!happened()) {
@@ -58,20 +52,21 @@ protected:
         }
     }
 
-    QDBusConnection service = bus().connect();
+    PrivateBus bus;
+    QDBusConnection service = bus.connect();
     int told = 0;
 };
 
 TEST_F(TrayHostsTest, AHostThatIsThereIsToldOfInALaterTurn) {
     const Watcher watcher(service, true);
-    const TrayHosts hosts([this] { ++told; });
+    const TrayHosts hosts(bus.connect(), [this] { ++told; });
     EXPECT_EQ(told, 0);
     turnUntil([this] { return told > 0; });
 }
 
 TEST_F(TrayHostsTest, AHostThatComesLaterIsToldOfOnce) {
     Watcher watcher(service, false);
-    const TrayHosts hosts([this] { ++told; });
+    const TrayHosts hosts(bus.connect(), [this] { ++told; });
     QTimer again; // the bus may not yet know who listens
     again.callOnTimeout([&] { watcher.sayThatAHostCame(); });
     again.start(std::chrono::milliseconds(5));
