@@ -38,7 +38,7 @@ void AgentGuide::present(GuideStep step) {
         window_ = std::make_unique<GuideWindow>(services());
         window_->giveWayTo(panel_);
         window_->onFinished = [this] { finished(); };
-        window_->show(step);
+        window_->goTo(step);
     }
     window_->present();
 }

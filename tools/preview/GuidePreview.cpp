@@ -91,7 +91,7 @@ int main(int argc, char** argv) {
     }
     GuideWindow window(desktop.services());
     window.onFinished = [] { QApplication::quit(); };
-    window.show(static_cast<GuideStep>(options.value("step").toInt()));
+    window.goTo(static_cast<GuideStep>(options.value("step").toInt()));
     window.present();
     if (options.isSet("proven")) {
         QTimer::singleShot(500, &window, [&window] { (void)window.prove(); });

@@ -1,11 +1,13 @@
 #include "ui/accessible/AccessibleParts.h"
 
+#include "ui/guide/GuidePage.h"
 #include "ui/panel/FailureRows.h"
 #include "ui/panel/NoticeRow.h"
 #include "ui/settings/KeyComboRecorder.h"
 
 #include <QAccessibleWidget>
 
+#include <string_view>
 #include <vector>
 
 namespace pello {
@@ -142,7 +144,7 @@ private:
 
 /// Whether it is a window that is nothing but one: dialogs and menus have roles of their own.
 bool isPlainWindow(const QWidget& widget) {
-    return widget.isWindow() && widget.metaObject() == &QWidget::staticMetaObject;
+    return widget.isWindow() && std::string_view(widget.metaObject()->className()) == "QWidget";
 }
 
 QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object) {
@@ -154,6 +156,9 @@ QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object)
     }
     if (auto* recorder = dynamic_cast<KeyComboRecorder*>(object)) {
         return new RecorderInterface(*recorder);
+    }
+    if (auto* page = dynamic_cast<GuidePage*>(object)) {
+        return new QAccessibleWidget(page, QAccessible::Grouping);
     }
     if (auto* widget = qobject_cast<QWidget*>(object);
         widget != nullptr && isPlainWindow(*widget)) {

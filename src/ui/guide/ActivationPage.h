@@ -19,7 +19,7 @@ public:
     void prove() { card_->confirm(); }
 
     [[nodiscard]] const PromptCard& card() const { return *card_; }
-    [[nodiscard]] QWidget* firstControl() const override { return box_; }
+    [[nodiscard]] QWidget& firstControl() override { return *box_; }
     void refresh() override { showProblem(); }
 
     /// The keys that open the launcher, as they are printed on them.

@@ -36,7 +36,7 @@ CheckRow::CheckRow(const GuideCheck& check, QWidget* parent) : QWidget(parent) {
     layout->setContentsMargins(kMargins);
     layout->setSpacing(kGap);
     auto* mark = new StateMark(this);
-    mark->show(check.state);
+    mark->setState(check.state);
     layout->addWidget(mark, 0, Qt::AlignTop);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(kTextGap);

@@ -19,6 +19,7 @@ constexpr double kTitleScale = 1.8;
 GuidePage::GuidePage(const QString& title, const QString& text, QWidget* parent)
     : QWidget(parent), title_(title), text_(text), body_(new QVBoxLayout) {
     setAccessibleName(title);
+    setFocusPolicy(Qt::TabFocus); // so that it is read out
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargins);
     layout->setSpacing(kTextGap);

@@ -14,8 +14,8 @@ public:
     [[nodiscard]] const QString& title() const { return title_; }
     [[nodiscard]] const QString& text() const { return text_; }
 
-    /// What has the focus first; null when the page has nothing to do.
-    [[nodiscard]] virtual QWidget* firstControl() const { return nullptr; }
+    /// What has the focus first: what there is to do, or the page itself, to be read out.
+    [[nodiscard]] virtual QWidget& firstControl() { return *this; }
 
     /// Reads anew what nobody tells about. Called whenever the page is shown.
     virtual void refresh() {}

@@ -59,7 +59,7 @@ GuideWindow::GuideWindow(GuideServices services)
     layout->addWidget(contents_, 1);
     layout->addWidget(newFooter());
     resize((kUsualSize * scale).boundedTo(QGuiApplication::primaryScreen()->availableSize() * 0.9));
-    show(step_);
+    goTo(step_);
     connect(this, &QDialog::finished, this, [this] {
         if (onFinished) {
             onFinished();
@@ -105,11 +105,11 @@ void GuideWindow::step(int by) {
     if (wanted >= static_cast<int>(pages_.size())) {
         accept();
     } else if (wanted >= 0) {
-        show(static_cast<GuideStep>(wanted));
+        goTo(static_cast<GuideStep>(wanted));
     }
 }
 
-void GuideWindow::show(GuideStep step) {
+void GuideWindow::goTo(GuideStep step) {
     page().hide();
     step_ = step;
     page().refresh();
@@ -118,13 +118,8 @@ void GuideWindow::show(GuideStep step) {
     dots_->setCurrent(static_cast<int>(step));
     back_->setVisible(step != GuideStep::welcome);
     next_->setText(step == GuideStep::ready ? u"Done"_s : u"Continue"_s);
-    next_->setAccessibleDescription(page().title() + u". "_s + page().text());
-    focusFirst();
-}
-
-void GuideWindow::focusFirst() {
-    QWidget* control = page().firstControl();
-    (control != nullptr ? control : next_)->setFocus(Qt::TabFocusReason);
+    next_->setAccessibleDescription({});
+    page().firstControl().setFocus(Qt::TabFocusReason);
 }
 
 void GuideWindow::present() {

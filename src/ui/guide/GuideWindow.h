@@ -28,7 +28,7 @@ public:
 
     /// Brings the window to the front.
     void present();
-    void show(GuideStep step);
+    void goTo(GuideStep step);
     [[nodiscard]] GuideStep step() const { return step_; }
 
     /// The activation gesture was made. True when it was made to try it, and opens nothing: the
@@ -55,7 +55,6 @@ private:
     [[nodiscard]] QWidget* newFooter();
     void addPages();
     void step(int by);
-    void focusFirst();
     void takePalette();
 
     GuideServices services_;

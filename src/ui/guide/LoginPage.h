@@ -12,7 +12,7 @@ public:
     /// `services` must outlive the page.
     LoginPage(const GuideServices& services, QWidget* parent);
 
-    [[nodiscard]] QWidget* firstControl() const override { return toggle_; }
+    [[nodiscard]] QWidget& firstControl() override { return *toggle_; }
     void refresh() override { services_.settings.settings.launchAtLogin.reload(); }
 
 private:

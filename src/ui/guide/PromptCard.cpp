@@ -67,7 +67,7 @@ void PromptCard::setProblem(const QString& problem) {
 void PromptCard::showStatus() {
     const bool isWrong = !problem_.isEmpty() && !isConfirmed_;
     mark_->setVisible(isWrong || isConfirmed_);
-    mark_->show(isWrong ? GuideCheck::State::wrong : GuideCheck::State::works);
+    mark_->setState(isWrong ? GuideCheck::State::wrong : GuideCheck::State::works);
     status_->setText(isConfirmed_ ? u"Seen. That is how you open Pello, from anywhere."_s
                      : isWrong    ? problem_
                                   : u"Waiting for it…"_s);

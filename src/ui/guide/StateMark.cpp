@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 StateMark::StateMark(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    show(state_);
+    setState(state_);
 }
 
-void StateMark::show(GuideCheck::State state) {
+void StateMark::setState(GuideCheck::State state) {
     state_ = state;
     setAccessibleName(word(state));
     update();

@@ -11,7 +11,7 @@ class StateMark final : public QWidget {
 public:
     explicit StateMark(QWidget* parent);
 
-    void show(GuideCheck::State state);
+    void setState(GuideCheck::State state);
 
     [[nodiscard]] QSize sizeHint() const override;
 

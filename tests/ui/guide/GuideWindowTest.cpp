@@ -78,7 +78,7 @@ TEST_F(GuideWindowTest, TheActivationIsProvenWhereItIsAskedForAndOnlyThere) {
     window.present();
     QApplication::setActiveWindow(&window);
     EXPECT_FALSE(window.prove()) << "the welcome does not ask for it";
-    window.show(GuideStep::activation);
+    window.goTo(GuideStep::activation);
     EXPECT_TRUE(window.prove());
     EXPECT_TRUE(activation().card().isConfirmed());
     EXPECT_TRUE(window.next().hasFocus());
@@ -106,7 +106,7 @@ TEST_F(GuideWindowTest, WhatIsWrongIsCountedAndLookedAtAnew) {
     checks = {{.state = GuideCheck::State::works, .title = "Display"},
               {.state = GuideCheck::State::absent, .title = "Sound"},
               {.state = GuideCheck::State::wrong, .title = "Tray", .finding = "none"}};
-    window.show(GuideStep::checks);
+    window.goTo(GuideStep::checks);
     EXPECT_EQ(checksPage().summary(), "One thing needs you.");
     checks.pop_back();
     checksPage().findChild<QPushButton*>()->click();
@@ -114,7 +114,7 @@ TEST_F(GuideWindowTest, WhatIsWrongIsCountedAndLookedAtAnew) {
 }
 
 TEST_F(GuideWindowTest, AListenerThatStandsStillIsHelped) {
-    window.show(GuideStep::checks);
+    window.goTo(GuideStep::checks);
     EXPECT_EQ(buttonsOf(checksPage()), std::vector<QString>{"Check Again"});
     become({.health = Health::suspended, .failure = "x"});
     EXPECT_TRUE(checksPage().problem().endsWith("picks up where they stand now."));
