@@ -7,7 +7,7 @@ import case
 from case import PELLO
 from desktop import Lines
 
-SETTINGS = "Pello Settings"
+SETTINGS, GUIDE = "Pello Settings", "Pello Set-up Guide"
 
 
 class Assistant:
@@ -103,9 +103,17 @@ class AccessibilityTest(case.LauncherCase):
         self.assertEqual([part["role"] for part in parts if not part["name"]], [])
         rows = [part["name"] for part in parts if part["role"] == "list item"]
         self.assertEqual([row.split(",")[0] for row in rows[:2]], ["Alpha Comet", "Alpha Beacon"])
-        self.assertIn("3 results", [part["name"] for part in parts if part["role"] == "list"])
+        self.assertEqual(next(part["name"] for part in parts if part["role"] == "list"), "Results")
         self.desktop.key("Return")
         self.expect_mark("Alpha Beacon")
+
+        self.summon("6*7")
+        self.expect_row("42", "1 of 2")
+        self.desktop.key("ctrl+c")
+        self.assistant.hear("object:state-changed:focused", "list item",
+                            lambda row: row["name"].endswith("✓ Copied"))
+        self.desktop.key("Escape", "Escape")
+        self.wait_until_closed()
 
         self.summon("post")
         self.desktop.key("Return")
@@ -150,7 +158,12 @@ class AccessibilityTest(case.LauncherCase):
 
         self.desktop.run(PELLO, "settings", "general")
         self.assistant.press(SETTINGS, "push button", "Set-up guide")
-        self.desktop.wait_for_active("Pello Set-up Guide")
+        self.desktop.wait_for_active(GUIDE)
+        self.assistant.hear("object:state-changed:focused", "panel", name="Welcome to Pello")
+        self.desktop.key("Return", "Return")
+        self.assistant.hear("object:state-changed:focused", "panel", name="What Pello needs")
+        self.assistant.press(GUIDE, "push button", "Back")
+        self.assistant.hear("object:state-changed:focused", "combo box")
         self.desktop.key("Escape")
 
         self.add(page="bangs", values=("wiki", "Wiki", "https://w.test/{query}"))

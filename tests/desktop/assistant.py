@@ -77,7 +77,11 @@ class Assistant:
 def hear(event):
     if event.type.startswith("object:state-changed") and not event.detail1:
         return
-    print("heard", json.dumps({"event": event.type} | described(event.source)), flush=True)
+    try:
+        what = described(event.source)
+    except GLib.Error:
+        return  # it has gone meanwhile
+    print("heard", json.dumps({"event": event.type} | what), flush=True)
 
 
 def obey(source, _condition):

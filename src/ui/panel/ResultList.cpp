@@ -28,6 +28,7 @@ ResultList::ResultList(const PanelStyle& style, IconLoader& icons)
     setMouseTracking(true);
     viewport()->setAutoFillBackground(false);
     setAccessibleName(QStringLiteral("Results"));
+    connect(&model_, &QAbstractItemModel::modelReset, this, [this] { announced_.clear(); });
     restyle();
 }
 
@@ -48,23 +49,28 @@ void ResultList::setResults(std::span<const SearchResult> results, int selection
     announceSelection();
 }
 
-/// Once for each row that becomes the selected one: the same one under more letters is no news.
-void ResultList::announceSelection() {
+/// What the selected row tells assistive technology, while there is any.
+QString ResultList::spokenRow() const {
     if (!QAccessible::isActive() || !isVisible()) {
-        announced_.clear();
-        return;
-    }
-    const QString count = model_.rowCount() == 1
-                              ? QStringLiteral("1 result")
-                              : QStringLiteral("%1 results").arg(model_.rowCount());
-    if (count != accessibleName()) {
-        setAccessibleName(count);
+        return {};
     }
     const QModelIndex current = currentIndex();
-    const QString row = current.data(Qt::AccessibleTextRole).toString() +
-                        current.data(Qt::AccessibleDescriptionRole).toString();
+    return current.data(Qt::AccessibleTextRole).toString() +
+           current.data(Qt::AccessibleDescriptionRole).toString();
+}
+
+/// Also of the same row once the rows were made anew: nobody can ask the former one any more.
+void ResultList::announceSelection() {
+    const QString row = spokenRow();
     if (std::exchange(announced_, row) != row) {
-        announceRow(*this, current.row());
+        announceRow(*this, currentIndex().row());
+    }
+}
+
+void ResultList::announceNews() {
+    const QString row = spokenRow();
+    if (std::exchange(announced_, row) != row) {
+        announceChange(*this, currentIndex().row());
     }
 }
 
@@ -88,12 +94,21 @@ void ResultList::paintEvent(QPaintEvent* event) {
 
 void ResultList::setRemark(std::optional<RowRemark> remark) {
     if (std::exchange(delegate_.remark, remark) != remark) {
+        const std::string_view words = remark ? remarkText(*remark) : "";
+        model_.setRemark(currentIndex().row(),
+                         QString::fromUtf8(words.data(), qsizetype(words.size())));
         viewport()->update();
+        if (remark) {
+            announceNews();
+        } else {
+            announced_ = spokenRow();
+        }
     }
 }
 
 void ResultList::setReasons(std::span<const std::string> reasons) {
     model_.setReasons(reasons);
+    announceNews();
 }
 
 int ResultList::heightWithin(int room) const {

@@ -60,7 +60,9 @@ protected:
 private:
     void requestIcons(std::span<const SearchResult> results);
     [[nodiscard]] int rowAt(const QMouseEvent& event) const;
+    [[nodiscard]] QString spokenRow() const;
     void announceSelection();
+    void announceNews();
 
     const PanelStyle& style_;
     ResultModel model_;

@@ -24,6 +24,11 @@ void ResultModel::setReasons(std::span<const std::string> reasons) {
     }
 }
 
+void ResultModel::setRemark(int row, const QString& remark) {
+    remarkedRow_ = row;
+    remark_ = remark;
+}
+
 QString ResultModel::subtitle(int row) const {
     const auto place = static_cast<std::size_t>(row);
     if (place < reasons_.size() && !reasons_[place].empty()) {
@@ -39,6 +44,9 @@ QString ResultModel::spoken(int row) const {
     QStringList parts{lineOf(item.title), subtitle(row)};
     if (item.accessory) {
         parts << lineOf(*item.accessory);
+    }
+    if (row == remarkedRow_) {
+        parts << remark_;
     }
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));

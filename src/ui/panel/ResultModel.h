@@ -19,6 +19,9 @@ public:
     /// Takes over a reason for each row, shown as its subtitle; none give the rows their own again.
     void setReasons(std::span<const std::string> reasons);
 
+    /// Has `row` tell assistive technology `remark`, too; nothing when that is empty.
+    void setRemark(int row, const QString& remark);
+
     /// What stands below the title of `row`.
     [[nodiscard]] QString subtitle(int row) const;
 
@@ -36,6 +39,8 @@ private:
 
     std::vector<SearchResult> results_;
     std::vector<std::string> reasons_;
+    int remarkedRow_ = -1;
+    QString remark_;
 };
 
 } // namespace pello
