@@ -45,7 +45,10 @@ public:
         addAnswer("convert", "Print a conversion: pello convert '5 km to mi'",
                   AnswerCommand::Evaluator::conversions);
         addSettings();
+        addLearned();
+        addHistory();
         addScripts();
+        addLogs();
         app_.add_subcommand("doctor", "Look for what does not work, and say what to do")
             ->callback([this] { command_ = DoctorCommand{}; });
         app_.add_subcommand("keys", "Show what is heard of the keyboard, without what is typed")
@@ -171,6 +174,46 @@ private:
             });
     }
 
+    void addLearned() {
+        CLI::App* learned =
+            app_.add_subcommand("learned", "Print what was learned from your choices");
+        learned->require_subcommand(0, 1);
+        learned->callback([this, learned] {
+            if (learned->get_subcommands().empty()) {
+                command_ = LearnedCommand{};
+            }
+        });
+        learned->add_subcommand("list", "The same: id, runs, last one, texts that lead to it")
+            ->callback([this] { command_ = LearnedCommand{}; });
+        CLI::App* forget = learned->add_subcommand("forget", "Forget what was learned of one item");
+        forget->add_option("ID", id_, "Its id, as it is listed")->required();
+        forget->callback([this] {
+            command_ = LearnedCommand{.action = LearnedCommand::Action::forget, .id = id_};
+        });
+    }
+
+    void addHistory() {
+        CLI::App* history = app_.add_subcommand("history", "Print the texts that ran something");
+        history->require_subcommand(0, 1);
+        history->callback([this, history] {
+            if (history->get_subcommands().empty()) {
+                command_ = HistoryCommand{};
+            }
+        });
+        history->add_subcommand("clear", "Forget them")->callback([this] {
+            command_ = HistoryCommand{.action = HistoryCommand::Action::clear};
+        });
+    }
+
+    void addLogs() {
+        CLI::App* logs = app_.add_subcommand("logs", "Print what Pello wrote to its log");
+        logs->add_flag("--follow,-f", followsLog_, "Go on with what is written from now on");
+        logs->callback([this] {
+            command_ = LogsCommand{.extent = followsLog_ ? LogsCommand::Extent::following
+                                                         : LogsCommand::Extent::written};
+        });
+    }
+
     void addScripts() {
         CLI::App* scripts = app_.add_subcommand("scripts", "List the scripts");
         scripts->require_subcommand(0, 1);
@@ -211,6 +254,12 @@ private:
         CLI::App* reset = addSettingsAction(*settings, "reset", "Return one setting to its default",
                                             SettingsCommand::Action::reset);
         reset->add_option("KEY", settings_.key)->required();
+        addSettingsAction(*settings, "export", "Write all settings as JSON",
+                          SettingsCommand::Action::exportAll)
+            ->add_option("FILE", settings_.file, "Where to; - or none is standard output");
+        addSettingsAction(*settings, "import", "Take over settings that were exported",
+                          SettingsCommand::Action::importAll)
+            ->add_option("FILE", settings_.file, "Where from; - or none is standard input");
     }
 
     CLI::App* addSettingsAction(CLI::App& settings, const std::string& name,
@@ -233,7 +282,9 @@ private:
     ScriptsCommand script_;
     std::vector<std::string> words_;
     std::vector<std::string> literal_;
+    std::string id_;
     bool isJson_ = false;
+    bool followsLog_ = false;
     Command command_;
 };
 

@@ -58,11 +58,38 @@ struct GlyphCommand {
 
 /// `pello settings ...`: reads and changes the settings.
 struct SettingsCommand {
-    enum class Action { list, get, set, reset };
+    enum class Action { list, get, set, reset, exportAll, importAll };
 
     Action action = Action::list;
     std::string key;
     std::string value;
+    /// To export to or import from; "-" is the standard stream.
+    std::string file = "-";
+};
+
+/// `pello learned`, `pello learned forget ID`: prints or forgets what was learned.
+struct LearnedCommand {
+    enum class Action { list, forget };
+
+    Action action = Action::list;
+    std::string id;
+};
+
+/// `pello history`, `pello history clear`: prints or forgets the texts that were used.
+struct HistoryCommand {
+    enum class Action { list, clear };
+
+    Action action = Action::list;
+};
+
+/// `pello logs`: prints what was logged.
+struct LogsCommand {
+    enum class Extent {
+        written,  ///< what there is
+        following ///< that, and what comes until it is interrupted
+    };
+
+    Extent extent = Extent::written;
 };
 
 /// `pello scripts`, `pello scripts run NAME [ARG]`: lists the scripts, or becomes one.
@@ -84,9 +111,10 @@ struct DoctorCommand {};
 /// `pello keys`: shows what is heard of the keyboard.
 struct KeysCommand {};
 
-using Command = std::variant<AgentCommand, ClientCommand, VersionCommand, QueryCommand,
-                             GlyphCommand, AnswerCommand, SettingsCommand, ScriptsCommand,
-                             TerminalCommand, DoctorCommand, KeysCommand>;
+using Command =
+    std::variant<AgentCommand, ClientCommand, VersionCommand, QueryCommand, GlyphCommand,
+                 AnswerCommand, SettingsCommand, LearnedCommand, HistoryCommand, ScriptsCommand,
+                 LogsCommand, TerminalCommand, DoctorCommand, KeysCommand>;
 
 /// What the arguments ask for, or the status to exit with once help, the version or a complaint
 /// has been printed.

@@ -77,6 +77,10 @@ public:
     /// What is known of each item, by its id.
     [[nodiscard]] const Records& records() const { return records_; }
 
+    /// Which item ran last for each text, as `boundItem` tells it.
+    using Bindings = std::map<std::string, std::string, std::less<>>;
+    [[nodiscard]] const Bindings& bindings() const { return bindings_; }
+
     /// Counts the changes of the learned data.
     [[nodiscard]] std::uint64_t revision() const { return revision_; }
 
@@ -90,8 +94,6 @@ public:
     Signal<> changed;
 
 private:
-    using Bindings = std::map<std::string, std::string, std::less<>>;
-
     void load();
     void reload();
     void persist();

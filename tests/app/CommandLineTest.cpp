@@ -79,6 +79,10 @@ TEST(CommandLineTest, HelpSucceedsAndNonsenseIsAUsageError) {
                                                {"settings", "nowhere"},
                                                {"settings", "set", "key"},
                                                {"settings", "get"},
+                                               {"settings", "import", "a", "b"},
+                                               {"learned", "forget"},
+                                               {"history", "list"},
+                                               {"logs", "--fast"},
                                                {"toggle", "quit"},
                                                {"ping", "x"}}) {
         EXPECT_EQ(status(words), ExitStatus::kUsage) << testing::PrintToString(words);

@@ -17,6 +17,7 @@ namespace {
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::MatchesRegex;
 using testing::StartsWith;
 
 /// What a run of the program left.
@@ -159,6 +160,35 @@ TEST_F(CommandsTest, SettingsLastAndRefuseNonsense) {
     EXPECT_EQ(pello({"settings", "set", "launchAtLogin", "true"}).status, 1);
 }
 
+TEST_F(CommandsTest, SettingsMoveToAnotherHomeByAFileOrAPipe) {
+    EXPECT_EQ(pello({"settings", "set", "maximumResults", "5"}).status, 0);
+    const QString file = QString::fromStdString((home.path() / "settings.json").string());
+    EXPECT_EQ(pello({"settings", "export", file}).status, 0);
+    EXPECT_EQ(pello({"settings", "reset", "maximumResults"}).status, 0);
+    EXPECT_EQ(pello({"settings", "import", file}).status, 0);
+    EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "5\n");
+    std::ifstream exported(home.path() / "settings.json");
+    EXPECT_EQ(pello({"settings", "export"}).output,
+              std::string(std::istreambuf_iterator<char>(exported), {}));
+
+    const Outcome refused =
+        pello({"settings", "import"}, R"({"maximumResults": 9, "fontSize": "big"})");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.complaint, HasSubstr("\"fontSize\" takes"));
+    EXPECT_EQ(pello({"settings", "get", "maximumResults"}).output, "5\n");
+    EXPECT_EQ(pello({"settings", "import", "/no/such/file"}).status, 1);
+    EXPECT_EQ(pello({"settings", "export", "/no/such/folder/file"}).status, 1);
+}
+
+TEST_F(CommandsTest, WhatWasLogged) {
+    const Outcome nothing = pello({"logs"});
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_THAT(nothing.complaint, HasSubstr("state/pello/pello.log"));
+    home.write("state/pello/pello.log.1", "older\n");
+    home.write("state/pello/pello.log", "newer\n");
+    EXPECT_EQ(pello({"logs"}).output, "older\nnewer\n");
+}
+
 TEST_F(CommandsTest, SettingsThatCannotBeReadAreSetAsideAndTold) {
     home.write("config/pello/is.tolva.pello.plist", "<plist><dict><key>");
     const Outcome outcome = pello({"settings", "get", "fontSize"});
@@ -197,6 +227,19 @@ TEST_F(CommandsTest, WhatTheTerminalRunsIsLearned) {
     EXPECT_THAT(outcome.output, HasSubstr("Running Safe Mode"));
     EXPECT_EQ(pello({"query", "saf", "--limit", "1"}).output, "Safe Mode\t~/data/applications\n");
     EXPECT_THAT(pello({"query", "saf", "--explain"}).output, HasSubstr("+400.00"));
+
+    EXPECT_EQ(pello({"history"}).output, "saf\n");
+    EXPECT_EQ(pello({"history", "clear"}).status, 0);
+    EXPECT_EQ(pello({"history"}).status, 1);
+    const std::string learned = pello({"learned"}).output;
+    const std::string id = learned.substr(0, learned.find('\t'));
+    EXPECT_THAT(learned, MatchesRegex("app:[^\t]*safe-mode.desktop\t1\t20[^\t]*Z\t\"saf\"\n"));
+    EXPECT_EQ(pello({"learned", "forget", QString::fromStdString(id)}).status, 0);
+    EXPECT_THAT(pello({"learned", "list"}).output, IsEmpty());
+    EXPECT_EQ(pello({"query", "saf", "--limit", "1"}).output, "Safari\t~/data/applications\n");
+    const Outcome unknown = pello({"learned", "forget", QString::fromStdString(id)});
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_EQ(unknown.complaint, "pello: nothing was learned about \"" + id + "\"\n");
 }
 
 } // namespace

@@ -42,15 +42,13 @@ Problem unfit(std::string_view key, std::string_view text) {
                 quoted(key) + " takes " + SettingForm<T>::expected(key) + ", not " + quoted(text)};
 }
 
-/// Sets `setting` to what `text` says, or says why not.
+/// The value that `text` says for `setting`, or nothing and why in `problem`.
 template <class T>
-std::optional<Problem> setFromText(Setting<T>& setting, std::string_view text) {
+std::optional<T> valueFor(const Setting<T>& setting, std::string_view text,
+                          std::optional<Problem>& problem) {
     auto value = SettingForm<T>::parse(text, setting.key());
-    if (!value) {
-        return unfit<T>(setting.key(), text);
-    }
-    setting.set(std::move(*value));
-    return std::nullopt;
+    problem = value ? std::nullopt : std::optional(unfit<T>(setting.key(), text));
+    return value;
 }
 
 } // namespace
@@ -69,6 +67,21 @@ std::optional<SettingsText::Entry> SettingsText::get(std::string_view key) const
     return found != entries.end() ? std::optional(std::move(*found)) : std::nullopt;
 }
 
+std::optional<SettingsText::Problem> SettingsText::problemOf(std::string_view key,
+                                                             std::string_view text) const {
+    if (key == kLaunchAtLogin) {
+        return SettingForm<bool>::parse(text, key) ? std::nullopt
+                                                   : std::optional(unfit<bool>(key, text));
+    }
+    std::optional<Problem> problem = unknown(key);
+    settings_.forEach([&](const auto& setting) {
+        if (setting.key() == key) {
+            (void)valueFor(setting, text, problem);
+        }
+    });
+    return problem;
+}
+
 std::optional<SettingsText::Problem> SettingsText::set(std::string_view key,
                                                        std::string_view text) {
     if (key == kLaunchAtLogin) {
@@ -78,7 +91,9 @@ std::optional<SettingsText::Problem> SettingsText::set(std::string_view key,
     std::optional<Problem> problem = unknown(key);
     settings_.forEach([&](auto& setting) {
         if (setting.key() == key) {
-            problem = setFromText(setting, text);
+            if (auto value = valueFor(setting, text, problem)) {
+                setting.set(std::move(*value));
+            }
         }
     });
     return problem;

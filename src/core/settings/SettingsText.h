@@ -38,6 +38,10 @@ public:
     /// The setting called `key`; nothing when there is none.
     [[nodiscard]] std::optional<Entry> get(std::string_view key) const;
 
+    /// Why `set` would not understand these. Nothing when it would.
+    [[nodiscard]] std::optional<Problem> problemOf(std::string_view key,
+                                                   std::string_view text) const;
+
     /// Sets or resets a setting. Nothing when that was done; else the setting is as before.
     [[nodiscard]] std::optional<Problem> set(std::string_view key, std::string_view text);
     [[nodiscard]] std::optional<Problem> reset(std::string_view key);

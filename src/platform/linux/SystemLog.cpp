@@ -7,13 +7,21 @@
 
 namespace pello {
 
+bool hasJournal(const std::filesystem::path& journalSocket) {
+    std::error_code error;
+    return std::filesystem::is_socket(journalSocket, error);
+}
+
+std::filesystem::path logFile(const XdgFolders& folders) {
+    return folders.state / "pello" / "pello.log";
+}
+
 std::unique_ptr<Log> makeSystemLog(const XdgFolders& folders,
                                    const std::filesystem::path& journalSocket) {
-    std::error_code error;
-    if (std::filesystem::is_socket(journalSocket, error)) {
+    if (hasJournal(journalSocket)) {
         return std::make_unique<JournalLog>();
     }
-    return std::make_unique<FileLog>(folders.state / "pello" / "pello.log");
+    return std::make_unique<FileLog>(logFile(folders));
 }
 
 } // namespace pello
