@@ -1,6 +1,7 @@
 #include "app/Agent.h"
 
 #include "app/AgentAppearance.h"
+#include "app/AgentChoice.h"
 #include "app/AgentGuide.h"
 #include "app/AgentKeyboard.h"
 #include "app/AgentSettings.h"
@@ -11,6 +12,7 @@
 #include "app/QuitSignals.h"
 #include "app/Version.h"
 #include "app/client/ControlClient.h"
+#include "app/client/PickCommand.h"
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/SpareMemory.h"
@@ -53,6 +55,14 @@ public:
           updates_(launcher_.controller(), platform_.ports()),
           server_([this](std::string_view verb) { return answer(verb); }) {
         panel_.setSettingsOpener([this] { settings_.present(); });
+        server_.onText = [this](std::string_view verb, std::string text, auto caller) {
+            const std::string_view prompt = verb.substr(std::min(kPickVerb.size(), verb.size()));
+            if (verb.starts_with(kPickVerb)) {
+                choice_.ask(prompt, std::move(text), std::move(caller));
+            } else {
+                caller->answer(unknown(verb).line);
+            }
+        };
         tray_.onSettings = [this] { settings_.present(); };
         tray_.onGuide = [this] { guide_.present(); };
     }
@@ -96,6 +106,10 @@ private:
             platform_.ports().loop.post([] { QApplication::quit(); });
             return {.line = std::string(kDone), .then = Answer::Then::holdTheLine};
         }
+        return unknown(verb);
+    }
+
+    static Answer unknown(std::string_view verb) {
         return {.line = "the running launcher does not know \"" + std::string(verb) + '"'};
     }
 
@@ -130,6 +144,7 @@ private:
     AgentSettings settings_;
     AgentGuide guide_;
     AgentUpdates updates_;
+    AgentChoice choice_{launcher_.controller(), platform_.ports().loop};
     ControlServer server_;
     Subscription settled_;
 };

@@ -38,6 +38,7 @@ public:
         app_.add_subcommand("version", "Print the version")->callback([this] {
             command_ = VersionCommand{};
         });
+        addPick();
         addQuery();
         addGlyph();
         addAnswer("calc", "Print what an expression comes to: pello calc '12*(3+4)'",
@@ -100,6 +101,13 @@ private:
         show->callback([this] {
             command_ = ClientCommand{.verb = "show", .text = CLI::detail::join(words_, " ")};
         });
+    }
+
+    void addPick() {
+        CLI::App* pick = app_.add_subcommand(
+            "pick", "Choose a line of standard input in the panel of the running launcher");
+        pick->add_option("--prompt", pick_.prompt, "What is to be chosen");
+        pick->callback([this] { command_ = pick_; });
     }
 
     void addQuery() {
@@ -274,6 +282,7 @@ private:
 
     CLI::App app_;
     AgentCommand agent_;
+    PickCommand pick_;
     QueryCommand query_;
     GlyphCommand glyph_;
     AskedFrom from_;

@@ -112,9 +112,9 @@ struct DoctorCommand {};
 struct KeysCommand {};
 
 using Command =
-    std::variant<AgentCommand, ClientCommand, VersionCommand, QueryCommand, GlyphCommand,
-                 AnswerCommand, SettingsCommand, LearnedCommand, HistoryCommand, ScriptsCommand,
-                 LogsCommand, TerminalCommand, DoctorCommand, KeysCommand>;
+    std::variant<AgentCommand, ClientCommand, PickCommand, VersionCommand, QueryCommand,
+                 GlyphCommand, AnswerCommand, SettingsCommand, LearnedCommand, HistoryCommand,
+                 ScriptsCommand, LogsCommand, TerminalCommand, DoctorCommand, KeysCommand>;
 
 /// What the arguments ask for, or the status to exit with once help, the version or a complaint
 /// has been printed.

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "app/ControlCaller.h"
+
 #include <QLocalServer>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -11,7 +14,10 @@ class QLocalSocket;
 namespace pello {
 
 /// Takes verbs from other processes of the same user over a local socket: one line each, answered
-/// by one line. Main thread only.
+/// by one line.
+///
+/// A line "+N verb" is followed by N bytes of text, and may be answered at any time. Main thread
+/// only.
 class ControlServer {
 public:
     /// What a client gets: a line, and then the end of the connection, at once or only when this
@@ -22,6 +28,8 @@ public:
         Then then = Then::hangUp;
     };
     using Handler = std::function<Answer(std::string_view verb)>;
+    using TextHandler = std::function<void(std::string_view verb, std::string text,
+                                           std::unique_ptr<ControlCaller> caller)>;
 
     explicit ControlServer(Handler handler);
 
@@ -29,9 +37,16 @@ public:
     /// runs. False when that is not possible.
     [[nodiscard]] bool listen(const std::string& path);
 
+    /// Called with verbs that come with a text. Without it, such clients are turned away.
+    TextHandler onText;
+
 private:
+    struct Request;
+
     void accept();
-    void answer(QLocalSocket& client);
+    void read(QLocalSocket& client, Request& request);
+    void takeLine(QLocalSocket& client, Request& request);
+    void answer(QLocalSocket& client, std::string_view verb);
 
     Handler handler_;
     QLocalServer server_;

@@ -27,7 +27,8 @@ TEST(ClientProgramTest, WhatItAnswersItselfIsWhatTheFullProgramUnderstands) {
     for (const Words& words :
          {Words{"toggle"}, Words{"hide"}, Words{"reindex"}, Words{"guide"}, Words{"ping"},
           Words{"quit"}, Words{"version"}, Words{"show"}, Words{"show", ""},
-          Words{"show", "a  b", "settings"}, Words{"settings"}, Words{"settings", "bangs"}}) {
+          Words{"show", "a  b", "settings"}, Words{"settings"}, Words{"settings", "bangs"},
+          Words{"pick"}, Words{"pick", "--prompt", "A b"}, Words{"pick", "--prompt", ""}}) {
         const auto quick = quickCommand(words);
         ASSERT_TRUE(quick) << testing::PrintToString(words);
         Words line = words;
@@ -43,7 +44,8 @@ TEST(ClientProgramTest, WhatItAnswersItselfIsWhatTheFullProgramUnderstands) {
     }
     for (const Words& words :
          {Words{}, Words{"--show"}, Words{"toggle", "x"}, Words{"toggle", "--help"},
-          Words{"show", "-h"}, Words{"show", "--", "-x"}, Words{"settings", "list"},
+          Words{"show", "-h"}, Words{"pick", "--prompt"}, Words{"pick", "x"},
+          Words{"pick", "--prompt", "-x"}, Words{"show", "--", "-x"}, Words{"settings", "list"},
           Words{"settings", "nowhere"}, Words{"settings", "bangs", "x"}, Words{"frobnicate"}}) {
         EXPECT_FALSE(quickCommand(words)) << testing::PrintToString(words);
     }

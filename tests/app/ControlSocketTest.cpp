@@ -13,6 +13,7 @@
 #include <array>
 #include <cstring>
 #include <future>
+#include <memory>
 #include <unistd.h>
 
 namespace pello {
@@ -47,6 +48,53 @@ TEST_F(ControlSocketTest, AVerbIsAnsweredByALine) {
     EXPECT_EQ(ask("quit"), "did quit");
 }
 
+TEST_F(ControlSocketTest, ATextOfAnyLengthIsAnsweredWhenTheLauncherLikes) {
+    const std::string sent = std::string(3'000'000, 'x') + "\n";
+    std::unique_ptr<ControlCaller> waiting;
+    server.onText = [&](std::string_view verb, const std::string& text, auto caller) {
+        EXPECT_EQ(verb, "pick A b");
+        EXPECT_TRUE(text == sent);
+        waiting = std::move(caller);
+    };
+    ASSERT_TRUE(server.listen(path));
+    auto answer =
+        std::async(std::launch::async, [&] { return askWithText(path, "pick A b", sent); });
+    while (!waiting) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_EQ(ask("toggle"), "did toggle") << "others are served meanwhile";
+    waiting->answer("chosen 1");
+    waiting.reset();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(answer.get(), "chosen 1");
+}
+
+TEST_F(ControlSocketTest, AClientThatGoesAwayIsNoticed) {
+    std::unique_ptr<ControlCaller> waiting;
+    bool hasGone = false;
+    server.onText = [&](std::string_view /*verb*/, const std::string& text, auto caller) {
+        EXPECT_EQ(text, "");
+        waiting = std::move(caller);
+        waiting->onGone = [&] {
+            hasGone = true;
+            waiting.reset();
+        };
+    };
+    ASSERT_TRUE(server.listen(path));
+    {
+        QLocalSocket client;
+        client.connectToServer(QString::fromStdString(path));
+        client.write("+0 pick\n");
+        while (!waiting) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    }
+    while (!hasGone) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_FALSE(waiting);
+}
+
 TEST_F(ControlSocketTest, OnlyTheUserMayConnect) {
     ASSERT_TRUE(server.listen(path));
     struct stat status = {};
@@ -74,10 +122,17 @@ TEST_F(ControlSocketTest, ASocketLeftByAKilledLauncherIsTakenOver) {
 }
 
 TEST_F(ControlSocketTest, AClientThatSaysTooMuchOrNothingHarmsNobody) {
+    server.onText = [](auto, auto, auto) { ADD_FAILURE() << "no text came whole"; };
     ASSERT_TRUE(server.listen(path));
     QLocalSocket babbler;
     babbler.connectToServer(QString::fromStdString(path));
     babbler.write(QByteArray(100'000, 'x'));
+    for (const char* claim : {"+99999999999999999999 x\n", "+x\n", "+\n", "+5\n", "+9 pick\nab"}) {
+        QLocalSocket liar;
+        liar.connectToServer(QString::fromStdString(path));
+        liar.write(claim);
+        EXPECT_EQ(ask("toggle"), "did toggle") << claim;
+    }
     QLocalSocket silent;
     silent.connectToServer(QString::fromStdString(path));
     EXPECT_EQ(ask("toggle"), "did toggle");

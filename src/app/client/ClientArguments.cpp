@@ -37,6 +37,13 @@ std::optional<QuickCommand> quickCommand(Arguments arguments) {
     if (rest.empty() && (verb == "version" || verb == "--version")) {
         return VersionCommand{};
     }
+    if (verb == "pick" && rest.empty()) {
+        return PickCommand{};
+    }
+    if (verb == "pick" && rest.size() == 2 && std::string_view(rest[0]) == "--prompt" &&
+        !hasSpecial(rest.subspan(1))) {
+        return PickCommand{.prompt = rest[1]};
+    }
     const bool isPlain = rest.empty() && contains(kPlainVerbs, verb);
     const bool isShow = verb == "show" && !hasSpecial(rest);
     const bool isPage = verb == "settings" && rest.size() <= 1 &&

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/client/ClientCommand.h"
+#include "app/client/PickCommand.h"
 #include "app/client/VersionCommand.h"
 
 #include <optional>
@@ -9,7 +10,7 @@
 
 namespace pello {
 
-using QuickCommand = std::variant<ClientCommand, VersionCommand>;
+using QuickCommand = std::variant<ClientCommand, PickCommand, VersionCommand>;
 
 /// What `arguments`, those after the program's name, ask for, where they ask in the plainest way
 /// for something that takes no more than this program. Nothing for all others, wrong ones included:

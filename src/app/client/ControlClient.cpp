@@ -45,6 +45,29 @@ std::string readAll(int descriptor) {
     }
 }
 
+bool sendAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (count <= 0) {
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+/// Sends a request and waits for the line that answers it. Nothing without a connection.
+std::optional<std::string> ask(const FileDescriptor& socket, std::string_view request) {
+    if (!socket || !sendAll(socket.number(), request)) {
+        return std::nullopt;
+    }
+    std::string answer = readAll(socket.number());
+    if (answer.ends_with('\n')) {
+        answer.pop_back();
+    }
+    return answer;
+}
+
 } // namespace
 
 std::string controlSocketPath() {
@@ -64,20 +87,15 @@ std::string controlSocketPath() {
 
 std::optional<std::string> askRunningLauncher(const std::string& path, std::string_view verb) {
     const FileDescriptor socket = connectedTo(path);
-    if (!socket) {
-        return std::nullopt;
-    }
     ::setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-    const std::string line = std::string(verb) + "\n";
-    if (::send(socket.number(), line.data(), line.size(), MSG_NOSIGNAL) !=
-        static_cast<ssize_t>(line.size())) {
-        return std::nullopt;
-    }
-    std::string answer = readAll(socket.number());
-    if (answer.ends_with('\n')) {
-        answer.pop_back();
-    }
-    return answer;
+    return ask(socket, std::string(verb) + '\n');
+}
+
+std::optional<std::string> askWithText(const std::string& path, std::string_view verb,
+                                       std::string_view text) {
+    std::string request = '+' + std::to_string(text.size()) + ' ' + std::string(verb) + '\n';
+    request += text;
+    return ask(connectedTo(path), request);
 }
 
 } // namespace pello

@@ -117,7 +117,7 @@ void PelloController::announce() {
 
 void PelloController::refresh() {
     const Change change(*this);
-    if (parts_.settings.startsCompact.get() && text::isBlank(query_)) {
+    if (parts_.settings.startsCompact.get() && text::isBlank(query_) && !choice_.isAsked()) {
         replaceResults({});
         setSelection(0);
         return;
@@ -141,6 +141,9 @@ void PelloController::followSources() {
 }
 
 std::vector<SearchResult> PelloController::search() const {
+    if (choice_.isAsked()) {
+        return choice_.rows(query_);
+    }
     if (prompted_) {
         return argumentRow(parts_.scripts, *prompted_, query_);
     }
@@ -154,6 +157,10 @@ std::vector<SearchResult> PelloController::search() const {
 
 std::optional<std::string> PelloController::argumentPrompt() const {
     return prompted_ ? std::optional(prompted_->name) : std::nullopt;
+}
+
+std::optional<std::string> PelloController::prompt() const {
+    return choice_.isAsked() ? choice_.prompt() : argumentPrompt();
 }
 
 /// The user types the argument behind the keyword, or where that means something else, by itself.
@@ -320,6 +327,10 @@ bool PelloController::runAgain() {
 }
 
 void PelloController::run(const LaunchItemRef& item) {
+    if (choice_.isAsked()) {
+        endChoice(item.get());
+        return;
+    }
     if (!prompted_) {
         parts_.queryHistory.record(query_);
     }
@@ -335,10 +346,35 @@ void PelloController::run(const LaunchItemRef& item) {
     });
 }
 
+// Choosing for other programs
+
+void PelloController::choose(ChoiceList::Question question) {
+    choice_.ask(std::move(question));
+    present("");
+}
+
+void PelloController::giveUpChoice() {
+    if (choice_.isAsked()) {
+        endChoice(nullptr);
+    }
+}
+
+/// The panel is gone before whoever asked goes on. As it goes, it may ask to be hidden once more.
+void PelloController::endChoice(const LaunchItem* chosen) {
+    const Change change(*this);
+    const auto answer = choice_.end(chosen);
+    if (isPresented()) {
+        panel_->dismiss();
+    }
+    answer();
+    setQuery("");
+    refresh(); // lets go of the lines
+}
+
 // History
 
 void PelloController::recallOlder() {
-    if (!prompted_) {
+    if (!prompted_ && !choice_.isAsked()) {
         recall(history_.older(query_));
     }
 }
@@ -360,6 +396,11 @@ void PelloController::recall(const std::optional<std::string>& text) {
 // The panel
 
 void PelloController::show(std::string_view prefilling) {
+    choice_.cancel();
+    present(prefilling);
+}
+
+void PelloController::present(std::string_view prefilling) {
     {
         const Change change(*this);
         ++presentationToken_;
@@ -395,6 +436,7 @@ void PelloController::keepTime() {
 }
 
 void PelloController::hide() {
+    giveUpChoice();
     if (isPresented()) {
         panel_->dismiss();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Signal.h"
+#include "core/controller/ChoiceList.h"
 #include "core/controller/ControllerParts.h"
 #include "core/controller/HistoryRecall.h"
 #include "core/controller/LauncherPanel.h"
@@ -57,6 +58,10 @@ public:
 
     /// Goes back to searching.
     void leaveArgumentPrompt();
+
+    /// What the text is typed for instead of a search: the script of the argument prompt, or what
+    /// is to be chosen; nothing otherwise.
+    [[nodiscard]] std::optional<std::string> prompt() const;
 
     /// A sentence that the user should see, until dismissed: what could not be read, saved or
     /// opened.
@@ -120,6 +125,13 @@ public:
     /// loop.
     void run(const LaunchItemRef& item);
 
+    /// Presents the panel with lines to choose from. Whatever closes it, or shows it for something
+    /// else, gives the choice up.
+    void choose(ChoiceList::Question question);
+
+    /// Closes the panel if it shows lines to choose from.
+    void giveUpChoice();
+
     /// What the commands about the launcher itself do; without it they do nothing.
     std::function<void()> onCheckForUpdates;
     std::function<void()> onShowReleaseNotes;
@@ -165,6 +177,8 @@ private:
     void followSources();
     void explainRows();
     void remark(RowRemark what);
+    void present(std::string_view prefilling);
+    void endChoice(const LaunchItem* chosen);
     void keepTime();
     void askForArgument(const ScriptCommand& command);
     void replaceResults(std::vector<SearchResult> results);
@@ -190,6 +204,7 @@ private:
     std::vector<std::string> reasons_; // of the rows, unless empty
     std::optional<std::pair<LaunchItemRef, RowRemark>> remark_;
     std::optional<ScriptCommand> prompted_;
+    ChoiceList choice_{parts_.loop};
     HistoryRecall history_{parts_.queryHistory};
     bool isRecallingHistory_ = false;
     bool isDragging_ = false;

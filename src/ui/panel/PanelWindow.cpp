@@ -143,7 +143,7 @@ void PanelWindow::restyle() {
 }
 
 void PanelWindow::refresh() {
-    field_.setPrompt(controller_.argumentPrompt().value_or(""));
+    field_.setPrompt(controller_.prompt().value_or(""));
     field_.setQuery(controller_.query());
     field_.setCompletion(controller_.inlineCompletion().value_or(""));
     failureRows_.setFailures(failures_.failures());
