@@ -30,7 +30,7 @@ private:
     PelloController& controller_;
 };
 
-PelloController::PelloController(ControllerParts parts) : parts_(std::move(parts)) {
+PelloController::PelloController(const ControllerParts& parts) : parts_(parts) {
     parts_.indexer.onIndexChanged = [this] { applicationsChanged(); };
     parts_.aliases.onIndexChanged = [this] { followSources(); };
     parts_.scripts.onIndexChanged = [this] { followSources(); };

@@ -28,7 +28,7 @@ class PelloController {
 public:
     enum class Pruning { keepAll, forgetMissing };
 
-    explicit PelloController(ControllerParts parts);
+    explicit PelloController(const ControllerParts& parts);
 
     // What the panel shows
 

@@ -10,7 +10,7 @@
 namespace pello {
 
 SearchMode QuerySearch::mode(std::string_view query) {
-    SearchMode asked = SearchMode::of(query);
+    const SearchMode asked = SearchMode::of(query);
     return asked.kind == SearchMode::Kind::glyphs
                ? asked
                : SearchMode{.kind = SearchMode::Kind::normal, .text = std::string(query)};
