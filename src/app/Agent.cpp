@@ -35,7 +35,7 @@ namespace {
 constexpr std::chrono::seconds kPatience{2};
 
 // Until nothing of the launch goes on any more.
-constexpr std::chrono::seconds kSettling{4};
+constexpr std::chrono::milliseconds kSettling{1500};
 
 // What Qt's X11 plug-in draws OpenGL with.
 constexpr const char* kGraphics = "QT_XCB_GL_INTEGRATION";

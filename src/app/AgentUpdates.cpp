@@ -6,7 +6,7 @@
 namespace pello {
 
 AgentUpdates::AgentUpdates(PelloController& controller, const Platform& platform)
-    : controller_(controller), platform_(platform) {
+    : controller_(controller), platform_(platform), reader_(platform.loop) {
     controller_.onCheckForUpdates = [this] { checkForUpdates(); };
     controller_.onShowReleaseNotes = [this] { showReleaseNotes(); };
 }

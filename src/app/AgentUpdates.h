@@ -2,7 +2,7 @@
 
 #include "app/Platform.h"
 #include "core/controller/PelloController.h"
-#include "platform/qt/QtFeedReader.h"
+#include "platform/linux/LoadedFeedReader.h"
 #include "ui/notes/NotesWindow.h"
 #include "ui/notes/UpdateDialog.h"
 
@@ -27,7 +27,7 @@ private:
 
     PelloController& controller_;
     Platform platform_;
-    QtFeedReader reader_;
+    LoadedFeedReader reader_;
     QPointer<NotesWindow> notes_;
     QPointer<UpdateDialog> check_;
 };

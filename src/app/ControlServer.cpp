@@ -2,8 +2,6 @@
 
 #include "app/client/ControlClient.h"
 
-#include <QLocalSocket>
-
 #include <charconv>
 #include <optional>
 #include <utility>
@@ -12,7 +10,7 @@ namespace pello {
 namespace {
 
 // A verb is a word; whoever sends more than this is not a client.
-constexpr qint64 kMaximumLine = 4096;
+constexpr std::size_t kMaximumLine = 4096;
 
 /// How much text follows a line "+N verb", which keeps the verb only. Nothing for another line or
 /// for more than is taken.
@@ -29,74 +27,77 @@ std::optional<std::size_t> takeLength(std::string& line) {
 
 } // namespace
 
-/// What a client has said so far.
-struct ControlServer::Request {
+/// One who is connected, and what was said so far.
+struct ControlServer::Client {
+    std::unique_ptr<LocalConnection> connection;
     std::string verb;
     std::optional<std::size_t> length; // of the text, once that is known
-    std::string text;
 };
 
-ControlServer::ControlServer(Handler handler) : handler_(std::move(handler)) {
-    server_.setSocketOptions(QLocalServer::UserAccessOption);
-    QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { accept(); });
-}
+ControlServer::ControlServer(Handler handler) : handler_(std::move(handler)) {}
+
+ControlServer::~ControlServer() = default;
 
 bool ControlServer::listen(const std::string& path) {
-    const QString name = QString::fromStdString(path);
-    QLocalServer::removeServer(name);
-    return server_.listen(name);
+    return server_.listen(
+        path, [this](std::unique_ptr<LocalConnection> connection) { add(std::move(connection)); });
 }
 
-void ControlServer::accept() {
-    while (QLocalSocket* client = server_.nextPendingConnection()) {
-        const auto request = std::make_shared<Request>();
-        QObject::connect(client, &QLocalSocket::disconnected, client, &QObject::deleteLater);
-        QObject::connect(client, &QLocalSocket::readyRead, client,
-                         [this, client, request] { read(*client, *request); });
-        if (client->bytesAvailable() > 0) {
-            read(*client, *request);
-        }
+void ControlServer::add(std::unique_ptr<LocalConnection> connection) {
+    clients_.push_back(std::make_unique<Client>(std::move(connection)));
+    Client& client = *clients_.back();
+    client.connection->onReceived = [this, &client] { read(client); };
+    client.connection->onGone = [this, &client] { remove(client); };
+}
+
+void ControlServer::remove(const Client& client) {
+    std::erase_if(clients_, [&client](const auto& each) { return each.get() == &client; });
+}
+
+void ControlServer::read(Client& client) {
+    if (client.length) {
+        takeText(client);
+    } else if (client.connection->received.find('\n') != std::string::npos) {
+        takeLine(client);
+    } else if (client.connection->received.size() > kMaximumLine) {
+        remove(client);
     }
 }
 
-void ControlServer::read(QLocalSocket& client, Request& request) {
-    if (!request.length) {
-        takeLine(client, request);
+void ControlServer::takeLine(Client& client) {
+    std::string& received = client.connection->received;
+    const auto end = received.find('\n');
+    client.verb = received.substr(0, end);
+    received.erase(0, end + 1);
+    if (client.verb.starts_with('+') && onText) {
+        client.length = takeLength(client.verb);
     }
-    if (request.length) {
-        request.text += client.readAll().toStdString();
-        if (request.text.size() >= *request.length) {
-            request.text.resize(*std::exchange(request.length, 0));
-            QObject::disconnect(&client, &QLocalSocket::readyRead, nullptr, nullptr);
-            onText(request.verb, std::move(request.text), std::make_unique<ControlCaller>(client));
-        }
-    }
-}
-
-void ControlServer::takeLine(QLocalSocket& client, Request& request) {
-    if (client.canReadLine()) {
-        request.verb = client.readLine(kMaximumLine).toStdString();
-        if (request.verb.ends_with('\n')) {
-            request.verb.pop_back();
-        }
-        if (request.verb.starts_with('+') && onText) {
-            request.length = takeLength(request.verb);
-        }
-        if (!request.length) {
-            answer(client, request.verb);
-        }
-    } else if (client.bytesAvailable() > kMaximumLine) {
-        client.abort();
+    if (client.length) {
+        takeText(client);
+    } else {
+        answer(client, client.verb);
     }
 }
 
-void ControlServer::answer(QLocalSocket& client, std::string_view verb) {
+/// Hands the client over once the whole text is there.
+void ControlServer::takeText(Client& client) {
+    if (client.connection->received.size() < *client.length) {
+        return;
+    }
+    std::string text = std::move(client.connection->received);
+    text.resize(*client.length);
+    const std::string verb = std::move(client.verb);
+    auto caller = std::make_unique<ControlCaller>(std::move(client.connection));
+    remove(client);
+    onText(verb, std::move(text), std::move(caller));
+}
+
+void ControlServer::answer(Client& client, std::string_view verb) {
     const Answer answer = handler_(verb);
-    const std::string reply = answer.line + "\n";
-    client.write(reply.data(), static_cast<qint64>(reply.size()));
-    client.flush();
+    client.connection->onReceived = nullptr; // one request each
+    client.connection->send(answer.line + '\n');
     if (answer.then == Answer::Then::hangUp) {
-        client.disconnectFromServer();
+        remove(client);
     }
 }
 

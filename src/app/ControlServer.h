@@ -1,15 +1,13 @@
 #pragma once
 
 #include "app/ControlCaller.h"
-
-#include <QLocalServer>
+#include "platform/linux/LocalServer.h"
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-
-class QLocalSocket;
+#include <vector>
 
 namespace pello {
 
@@ -32,6 +30,9 @@ public:
                                            std::unique_ptr<ControlCaller> caller)>;
 
     explicit ControlServer(Handler handler);
+    ~ControlServer();
+    ControlServer(const ControlServer&) = delete;
+    ControlServer& operator=(const ControlServer&) = delete;
 
     /// Listens at `path`, in place of whatever socket is there: only for the one launcher that
     /// runs. False when that is not possible.
@@ -41,15 +42,18 @@ public:
     TextHandler onText;
 
 private:
-    struct Request;
+    struct Client;
 
-    void accept();
-    void read(QLocalSocket& client, Request& request);
-    void takeLine(QLocalSocket& client, Request& request);
-    void answer(QLocalSocket& client, std::string_view verb);
+    void add(std::unique_ptr<LocalConnection> connection);
+    void read(Client& client);
+    void takeLine(Client& client);
+    void takeText(Client& client);
+    void answer(Client& client, std::string_view verb);
+    void remove(const Client& client);
 
     Handler handler_;
-    QLocalServer server_;
+    std::vector<std::unique_ptr<Client>> clients_;
+    LocalServer server_;
 };
 
 } // namespace pello

@@ -6,7 +6,7 @@
 namespace pello {
 
 TerminalUpdates::TerminalUpdates(PelloController& controller, MainLoop& loop)
-    : controller_(controller), loader_(reader_, loop, releaseFeedAddress()) {
+    : controller_(controller), reader_(loop), loader_(reader_, loop, releaseFeedAddress()) {
     controller_.onCheckForUpdates = [this] {
         loader_.load([this](const ReleaseFeed::Contents& contents) { tell(contents); });
     };

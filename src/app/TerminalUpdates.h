@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/controller/PelloController.h"
-#include "platform/qt/QtFeedReader.h"
+#include "platform/linux/LoadedFeedReader.h"
 #include "updates/ReleaseLoader.h"
 
 namespace pello {
@@ -20,7 +20,7 @@ private:
     void tell(const ReleaseFeed::Contents& contents);
 
     PelloController& controller_;
-    QtFeedReader reader_;
+    LoadedFeedReader reader_;
     ReleaseLoader loader_;
 };
 

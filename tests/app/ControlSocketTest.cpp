@@ -1,10 +1,10 @@
 #include "app/ControlServer.h"
 #include "app/client/ControlClient.h"
+#include "platform/linux/LocalSocket.h"
 #include "support/TemporaryFolder.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QLocalSocket>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -29,6 +29,14 @@ protected:
             QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
         }
         return answer.get();
+    }
+
+    /// A client that says only this.
+    FileDescriptor saying(std::string_view text) {
+        FileDescriptor client = connectedTo(path);
+        EXPECT_TRUE(client);
+        ::send(client.number(), text.data(), text.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+        return client;
     }
 
     int argc = 1;
@@ -82,9 +90,7 @@ TEST_F(ControlSocketTest, AClientThatGoesAwayIsNoticed) {
     };
     ASSERT_TRUE(server.listen(path));
     {
-        QLocalSocket client;
-        client.connectToServer(QString::fromStdString(path));
-        client.write("+0 pick\n");
+        const FileDescriptor client = saying("+0 pick\n");
         while (!waiting) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
@@ -124,17 +130,12 @@ TEST_F(ControlSocketTest, ASocketLeftByAKilledLauncherIsTakenOver) {
 TEST_F(ControlSocketTest, AClientThatSaysTooMuchOrNothingHarmsNobody) {
     server.onText = [](auto, auto, auto) { ADD_FAILURE() << "no text came whole"; };
     ASSERT_TRUE(server.listen(path));
-    QLocalSocket babbler;
-    babbler.connectToServer(QString::fromStdString(path));
-    babbler.write(QByteArray(100'000, 'x'));
+    const FileDescriptor babbler = saying(std::string(100'000, 'x'));
     for (const char* claim : {"+99999999999999999999 x\n", "+x\n", "+\n", "+5\n", "+9 pick\nab"}) {
-        QLocalSocket liar;
-        liar.connectToServer(QString::fromStdString(path));
-        liar.write(claim);
+        const FileDescriptor liar = saying(claim);
         EXPECT_EQ(ask("toggle"), "did toggle") << claim;
     }
-    QLocalSocket silent;
-    silent.connectToServer(QString::fromStdString(path));
+    const FileDescriptor silent = saying("");
     EXPECT_EQ(ask("toggle"), "did toggle");
 }
 

@@ -1,37 +1,19 @@
 #include "app/client/ControlClient.h"
 
-#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/LocalSocket.h"
 
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/time.h>
-#include <sys/un.h>
 
 #include <array>
 #include <cstdlib>
-#include <cstring>
 #include <unistd.h>
 
 namespace pello {
 namespace {
 
 constexpr timeval kPatience = {.tv_sec = 2, .tv_usec = 0};
-
-/// A socket that is connected to whoever listens at `path`.
-FileDescriptor connectedTo(const std::string& path) {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    if (path.empty() || path.size() >= sizeof address.sun_path) {
-        return FileDescriptor();
-    }
-    std::memcpy(address.sun_path, path.data(), path.size());
-    FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const auto* target = reinterpret_cast<const sockaddr*>(&address);
-    if (socket && ::connect(socket.number(), target, sizeof address) == 0) {
-        return socket;
-    }
-    return FileDescriptor();
-}
 
 std::string readAll(int descriptor) {
     std::string answer;

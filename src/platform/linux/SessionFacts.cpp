@@ -1,11 +1,10 @@
 #include "platform/linux/SessionFacts.h"
 
 #include "platform/linux/DesktopWorkspace.h"
-
+#include "platform/linux/LocalSocket.h"
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QLocalSocket>
 
 #include <string>
 
@@ -27,20 +26,16 @@ bool hasAccessibilityBus(const QDBusConnection& bus) {
 }
 
 /// The socket of PulseAudio, and of what stands in for it.
-QString soundSocket(const Environment& environment) {
+std::string soundSocket(const Environment& environment) {
     constexpr std::string_view kLocal = "unix:";
     const std::string_view server = environment.value("PULSE_SERVER");
-    const std::string path =
-        server.starts_with(kLocal)
-            ? std::string(server.substr(kLocal.size()))
-            : std::string(environment.value("XDG_RUNTIME_DIR")) + "/pulse/native";
-    return QString::fromStdString(path);
+    return server.starts_with(kLocal)
+               ? std::string(server.substr(kLocal.size()))
+               : std::string(environment.value("XDG_RUNTIME_DIR")) + "/pulse/native";
 }
 
 bool hasSoundServer(const Environment& environment) {
-    QLocalSocket socket;
-    socket.connectToServer(soundSocket(environment));
-    return socket.waitForConnected(kPatience);
+    return bool(connectedTo(soundSocket(environment)));
 }
 
 } // namespace
