@@ -22,7 +22,7 @@ class LauncherTest(case.LauncherCase):
 
         self.start_pello()
         self.desktop.type("al")
-        self.wait_for_rows(2)
+        self.wait_for_rows(4)  # with the two commands of its own
         self.desktop.screenshot("learned")
         self.desktop.key("Return")
         self.expect_mark("Alpha Beacon")

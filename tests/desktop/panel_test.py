@@ -88,7 +88,7 @@ class PanelTest(case.LauncherCase):
         self.assertEqual(setting.strip(), "5")
         self.start_pello()
         self.desktop.type("al")
-        self.wait_for_rows(2)
+        self.wait_for_rows(4)  # with the two commands of its own
         self.desktop.key("Return")
         self.expect_mark("Alpha Beacon")
 
