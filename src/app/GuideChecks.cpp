@@ -43,6 +43,12 @@ GuideCheck::State stateOf(Finding::Verdict verdict) {
     return GuideCheck::State::wrong;
 }
 
+/// Whether the sign beside it says as much.
+bool tellsNothing(const Finding& finding) {
+    return finding.verdict == Finding::Verdict::ok &&
+           (finding.text == "there" || finding.text == "allowed");
+}
+
 } // namespace
 
 std::vector<GuideCheck> guideChecks(const std::vector<Finding>& findings) {
@@ -53,8 +59,10 @@ std::vector<GuideCheck> guideChecks(const std::vector<Finding>& findings) {
         checks.push_back({.state = stateOf(finding.verdict),
                           .title = isKnown ? std::string(found->title) : finding.subject,
                           .purpose = std::string(isKnown ? found->purpose : kShortcutPurpose),
-                          .finding = finding.text});
+                          .finding = tellsNothing(finding) ? "" : finding.text});
     }
+    std::ranges::stable_partition(
+        checks, [](const GuideCheck& check) { return check.state == GuideCheck::State::wrong; });
     return checks;
 }
 

@@ -1,5 +1,6 @@
 #include "app/Diagnosis.h"
 
+#include "app/GuideChecks.h"
 #include "app/KeyLine.h"
 #include "platform/ModifierFlags.h"
 
@@ -97,6 +98,20 @@ TEST(KeyLineTest, TellsCodesAndModifiersAndNothingThatIsTyped) {
               "down      key 0  Shift  CapsLock  repeated");
     EXPECT_EQ(keyLine({.kind = InputEvent::Kind::mouseDown, .flags = modifiers::kCommand}),
               "click     Command");
+}
+
+TEST(GuideChecksTest, WhatIsWrongComesFirstAndShortcutsKeepTheirNames) {
+    using Verdict = Finding::Verdict;
+    const auto checks = guideChecks({{Verdict::ok, "XTEST", "there"},
+                                     {Verdict::wrong, "⌥Space", "another program has it"},
+                                     {Verdict::absent, "tray", "none"}});
+    ASSERT_EQ(checks.size(), 3U);
+    EXPECT_EQ(checks[0].state, GuideCheck::State::wrong);
+    EXPECT_EQ(checks[0].title, "⌥Space");
+    EXPECT_EQ(checks[0].finding, "another program has it");
+    EXPECT_EQ(checks[1].title, "Pasting");
+    EXPECT_EQ(checks[1].finding, "") << "the sign says as much";
+    EXPECT_EQ(checks[2].state, GuideCheck::State::absent);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 import json
 import pathlib
 import subprocess
+import time
 
 import case
 from case import PELLO
@@ -86,9 +87,6 @@ class AccessibilityTest(case.LauncherCase):
         super().setUp()
         self.assistant = Assistant(self.desktop)
 
-    def setting(self, key):
-        return json.loads(self.desktop.run(PELLO, "settings", "get", key))
-
     def test_the_panel_tells_the_selected_row_and_how_many_there_are(self):
         self.desktop.add_script("post", "echo 'no network' >&2\nexit 3\n")
         self.start_pello()
@@ -117,7 +115,7 @@ class AccessibilityTest(case.LauncherCase):
 
         self.summon("post")
         self.desktop.key("Return")
-        self.wait_until_closed()
+        self.assistant.hear("object:property-change:accessible-name", "list", name="1 failure")
         self.summon("zebra")
         self.desktop.key("Down", "Down")
         self.expect_row("Post failed: no network", "")
@@ -144,17 +142,13 @@ class AccessibilityTest(case.LauncherCase):
                     nameless.append((page, part))
         self.assertEqual(nameless, [])
 
-        self.desktop.run(PELLO, "settings", "sources")
-        switch = next(part["name"] for part in self.assistant.tree(SETTINGS)
-                      if part["role"] == "check box" and "checked" in part["states"])
-        self.assistant.press(SETTINGS, "check box", switch)
-        off = self.assistant.describe(SETTINGS, "check box", switch)
-        self.assertNotIn("checked", off["states"])
-        self.assertIn("false", self.desktop.run(PELLO, "settings", "list"))
-
+        self.switch("sources", "Scripts")
+        self.wait_for_setting("includesScripts", lambda value: value is False)
+        self.switch("general", "Open at login")
+        self.wait_for_setting("launchAtLogin", lambda value: value is True)
         self.desktop.run(PELLO, "settings", "appearance")
         self.assistant.set_number(SETTINGS, "spin button", "Results", 7)
-        self.wait_for_setting("maximumResults", 7)
+        self.wait_for_setting("maximumResults", lambda value: value == 7)
 
         self.desktop.run(PELLO, "settings", "general")
         self.assistant.press(SETTINGS, "push button", "Set-up guide")
@@ -168,8 +162,8 @@ class AccessibilityTest(case.LauncherCase):
 
         self.add(page="bangs", values=("wiki", "Wiki", "https://w.test/{query}"))
         self.add(page="aliases", values=("router", "192.168.1.1"))
-        self.assertEqual(self.setting("bangs")[-1]["keyword"], "wiki")
-        self.assertEqual(self.setting("urlAliases")[-1]["alias"], "router")
+        self.wait_for_setting("bangs", lambda bangs: bangs[-1]["name"] == "Wiki")
+        self.wait_for_setting("urlAliases", lambda aliases: aliases[-1]["url"] == "192.168.1.1")
 
     def add(self, page, values):
         """Adds a row on that page, its values typed cell by cell. What is wrong is told at once,
@@ -191,9 +185,19 @@ class AccessibilityTest(case.LauncherCase):
         self.assistant.hear("object:property-change:accessible-description", "table",
                             lambda table: is_it(table["description"]), name=f"Your {page}")
 
-    def wait_for_setting(self, key, value):
-        self.desktop.run("sh", "-c",
-                         f"until [ \"$('{PELLO}' settings get {key})\" = '{value}' ]; do :; done")
+    def switch(self, page, name):
+        """Presses the switch of that name, which thereby changes."""
+        self.desktop.run(PELLO, "settings", page)
+        before = self.assistant.describe(SETTINGS, "check box", name)["states"]
+        self.assistant.press(SETTINGS, "check box", name)
+        after = self.assistant.describe(SETTINGS, "check box", name)["states"]
+        self.assertEqual(set(before) ^ set(after), {"checked"})
+
+    def wait_for_setting(self, key, is_it):
+        """Waits until the setting, as others read it, is that."""
+        end = time.monotonic() + 30
+        while not is_it(value := json.loads(self.desktop.run(PELLO, "settings", "get", key))):
+            self.assertLess(time.monotonic(), end, f"{key} stays {value}")
 
 
 if __name__ == "__main__":

@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace pello {
 namespace {
@@ -28,6 +29,10 @@ constexpr auto kResetReason =
     "Resetting removes Pello from both lists and reopens it, so you can switch it on again from "
     "scratch.";
 constexpr auto kReset = "Reset and Relaunch";
+
+QString needs(std::ptrdiff_t count) {
+    return count == 1 ? u"One thing needs you."_s : u"%1 things need you."_s.arg(count);
+}
 
 } // namespace
 
@@ -90,12 +95,9 @@ void ChecksPage::showListener() {
     using Health = HotkeyManager::Health;
     const auto listener = services_.listener();
     const bool isStalled = listener.health == Health::suspended;
-    QString text = isStalled ? kStalled
-                   : listener.health == Health::listening
-                       ? QString()
-                       : QString::fromStdString(listener.failure);
-    if (!refusal_.isEmpty()) {
-        text = refusal_;
+    QString text = refusal_;
+    if (text.isEmpty() && listener.health != Health::listening) {
+        text = isStalled ? kStalled : QString::fromStdString(listener.failure);
     }
     problem_->setText(text);
     problem_->setVisible(!text.isEmpty());
@@ -110,9 +112,7 @@ void ChecksPage::showChecks(const std::vector<GuideCheck>& checks) {
     }
     card_->setVisible(!checks.empty());
     const auto wrong = std::ranges::count(checks, GuideCheck::State::wrong, &GuideCheck::state);
-    summary_->setText(wrong == 0   ? u"Everything that is switched on works."_s
-                      : wrong == 1 ? u"One thing needs you."_s
-                                   : u"%1 things need you."_s.arg(wrong));
+    summary_->setText(wrong == 0 ? u"Everything that is switched on works."_s : needs(wrong));
     again_->setAccessibleDescription(summary_->text());
 }
 

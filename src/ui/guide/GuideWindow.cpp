@@ -39,8 +39,7 @@ GuideWindow::GuideWindow(GuideServices services)
       contents_(new QScrollArea(this)),
       stack_(new QWidget),
       back_(new QPushButton(u"Back"_s)),
-      next_(new QPushButton(u"Continue"_s)),
-      dots_(nullptr) {
+      next_(new QPushButton(u"Continue"_s)) {
     setWindowTitle(u"Pello Set-up Guide"_s);
     const auto metrics = PanelMetrics::forFontSize(services_.settings.settings.fontSize());
     const double scale = std::clamp(metrics.scale, kSmallest, kLargest);

@@ -62,7 +62,7 @@ private:
     QWidget* stack_;
     QPushButton* back_;
     QPushButton* next_;
-    StepDots* dots_;
+    StepDots* dots_ = nullptr;
     ActivationPage* activation_ = nullptr;
     std::vector<GuidePage*> pages_;
     GuideStep step_ = GuideStep::welcome;

@@ -65,19 +65,25 @@ void PromptCard::setProblem(const QString& problem) {
 }
 
 void PromptCard::showStatus() {
-    const bool isWrong = !problem_.isEmpty() && !isConfirmed_;
-    mark_->setVisible(isWrong || isConfirmed_);
-    mark_->setState(isWrong ? GuideCheck::State::wrong : GuideCheck::State::works);
-    status_->setText(isConfirmed_ ? u"Seen. That is how you open Pello, from anywhere."_s
-                     : isWrong    ? problem_
-                                  : u"Waiting for it…"_s);
+    mark_->setVisible(isConfirmed_ || !problem_.isEmpty());
+    if (isConfirmed_) {
+        mark_->setState(GuideCheck::State::works);
+        say(u"Seen. That is how you open Pello, from anywhere."_s, QPalette::Text);
+    } else if (!problem_.isEmpty()) {
+        mark_->setState(GuideCheck::State::wrong);
+        say(problem_, SettingsPalette::kProblem);
+    } else {
+        say(u"Waiting for it…"_s, SettingsPalette::kDim);
+    }
+    update();
+}
+
+void PromptCard::say(const QString& text, QPalette::ColorRole role) {
+    status_->setText(text);
+    status_->setForegroundRole(role);
     const QFontMetrics font = status_->fontMetrics();
     status_->setMinimumWidth(
-        std::min(font.horizontalAdvance(status_->text()) + 1, kWidestStatus * font.height()));
-    status_->setForegroundRole(isWrong        ? SettingsPalette::kProblem
-                               : isConfirmed_ ? QPalette::Text
-                                              : SettingsPalette::kDim);
-    update();
+        std::min(font.horizontalAdvance(text) + 1, kWidestStatus * font.height()));
 }
 
 void PromptCard::paintEvent(QPaintEvent* /*event*/) {

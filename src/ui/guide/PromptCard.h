@@ -28,6 +28,7 @@ protected:
 
 private:
     void showStatus();
+    void say(const QString& text, QPalette::ColorRole role);
 
     QLabel* prompt_;
     KeyCaps* caps_;

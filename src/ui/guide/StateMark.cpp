@@ -37,19 +37,30 @@ QString StateMark::word(GuideCheck::State state) {
     return {};
 }
 
+QColor StateMark::colour() const {
+    const PanelTheme theme = PanelTheme::matching(palette());
+    switch (state_) {
+    case GuideCheck::State::works:
+        return theme.success;
+    case GuideCheck::State::wrong:
+        return theme.failure;
+    case GuideCheck::State::absent:
+        break;
+    }
+    return palette().color(SettingsPalette::kDim);
+}
+
 /// A tick, a dash or an exclamation mark on a disc.
 void StateMark::paintEvent(QPaintEvent* /*event*/) {
-    const PanelTheme theme = PanelTheme::matching(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double unit = std::min(width(), height()) / 20.0;
     painter.scale(unit, unit);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(state_ == GuideCheck::State::works   ? theme.success
-                     : state_ == GuideCheck::State::wrong ? theme.failure
-                                                          : palette().color(SettingsPalette::kDim));
+    painter.setBrush(colour());
     painter.drawEllipse(QRectF(1, 1, 18, 18));
-    painter.setPen(QPen(theme.ground, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(PanelTheme::matching(palette()).ground, 2.2, Qt::SolidLine, Qt::RoundCap,
+                        Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     switch (state_) {
     case GuideCheck::State::works:

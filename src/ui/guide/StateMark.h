@@ -22,6 +22,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] QColor colour() const;
+
     GuideCheck::State state_ = GuideCheck::State::works;
 };
 
