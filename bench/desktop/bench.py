@@ -16,7 +16,7 @@ from session import Session, outweigh_the_machine
 from table import Figures, print_table
 from targets import targets
 
-TRIALS = {"trials": 12, "keyTrials": 30, "idleSeconds": 30}
+TRIALS = {"trials": 10, "keyTrials": 24, "idleSeconds": 30}
 QUICK_TRIALS = {"trials": 5, "keyTrials": 10, "idleSeconds": 10}
 QUICK_LAUNCHERS = ("pello", "rofi")
 

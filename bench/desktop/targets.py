@@ -11,6 +11,7 @@ def targets(pello, null_target):
     own = {"start": f"{pello} --show", "daemon": str(pello), "windowClass": "^pello",
            "caretWidth": 3, "caretHeight": 48}
     summoned = ["warm"]
+    slow = {"quiet": 400, "idleSeconds": 10}  # they paint in several goes
 
     def by_combo(session):
         session.run(pello, "settings", "set", "activation", "keyCombo")
@@ -21,10 +22,10 @@ def targets(pello, null_target):
         "pello-tap": own | {"summonKey": "Super_R", "phases": summoned},
         "pello-cmd": own | {"summon": f"{pello} toggle", "phases": summoned},
         "rofi": {"start": "rofi -no-config -show drun", "windowClass": "rofi"},
-        "synapse": {"start": "synapse", "daemon": "synapse --startup",
-                    "summonKey": "Control_L+space", "windowClass": "synapse", "quiet": 400},
-        "kupfer": {"start": "kupfer", "daemon": "kupfer --no-splash",
-                   "summonKey": "Control_L+space", "windowClass": "kupfer", "quiet": 400},
+        "synapse": slow | {"start": "synapse", "daemon": "synapse --startup",
+                           "summonKey": "Control_L+space", "windowClass": "synapse"},
+        "kupfer": slow | {"start": "kupfer", "daemon": "kupfer --no-splash",
+                          "summonKey": "Control_L+space", "windowClass": "kupfer", "trials": 8},
         "null": {"start": str(null_target), "windowClass": "^null", "phases": ["cold", "key"],
                  "mostDismissals": 1},
     }
