@@ -37,7 +37,7 @@ int main() {
     XClassHint hint{.res_name = name.data(), .res_class = name.data()};
     XSetClassHint(display, window, &hint);
     XMapRaised(display, window);
-    const GC context = XCreateGC(display, window, 0, nullptr);
+    GC context = XCreateGC(display, window, 0, nullptr);
     for (unsigned long round = 0;; ++round) {
         XEvent event;
         XNextEvent(display, &event);

@@ -121,6 +121,7 @@ void adoptOrphans() {
 void launch(const std::string& command) {
     std::vector<std::string> words = wordsOf(command);
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }

@@ -28,6 +28,7 @@ struct Target {
     [[nodiscard]] bool has(const std::string& phase) const;
 };
 
+// NOLINTNEXTLINE(misc-const-correctness): what the macro makes
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Target, start, daemon, summon, summonKey,
                                                 windowClass, phases, queries, trials, keyTrials,
                                                 idleSeconds, mostDismissals, quiet, caretWidth,

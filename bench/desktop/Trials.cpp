@@ -125,7 +125,7 @@ void Trials::typeOnce(const std::string& query, int& left, Json& figures) {
         const double since = nowMs();
         screen_.press(std::string(1, letter));
         const Sighting seen = screen_.follow(since, Screen::Until::changed, target_.quiet, 4'000);
-        if (!seen.complete) {
+        if (!seen.complete || !seen.firstChange) {
             figures["failed"] = figures.value("failed", 0) + 1;
             continue;
         }

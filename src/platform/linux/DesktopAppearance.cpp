@@ -66,9 +66,12 @@ void DesktopAppearance::ask() {
 }
 
 void DesktopAppearance::take(unsigned answer) {
-    const auto told = answer == 1   ? Preference::dark
-                      : answer == 2 ? Preference::light
-                                    : Preference::none;
+    auto told = Preference::none;
+    if (answer == 1) {
+        told = Preference::dark;
+    } else if (answer == 2) {
+        told = Preference::light;
+    }
     if (std::exchange(preference_, told) != told) {
         changed.emit();
     }
