@@ -39,6 +39,7 @@ std::vector<Knowledge> knowledgeOf(const UsageStore& usage) {
         item.texts += (item.texts.empty() ? "" : " ") + quoted(text);
     }
     std::vector<Knowledge> sorted;
+    sorted.reserve(items.size());
     for (auto& [id, item] : items) {
         sorted.push_back(std::move(item));
     }

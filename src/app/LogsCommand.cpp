@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 /// Becomes another program; comes back only when that fails.
 int become(std::vector<std::string> command) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (std::string& word : command) {
         arguments.push_back(word.data());
     }

@@ -65,32 +65,34 @@ class CommandsTest(case.LauncherCase):
         third = self.pick("three\n")
         pello.terminate()
         self.expect_answer(third, "", 1)
+        self.assertEqual(pello.wait(), 0)
         nobody = subprocess.run([PELLO, "pick"], env=self.desktop.environment, input=b"x\n",
                                 check=False, timeout=DEADLINE)
         self.assertEqual(nobody.returncode, 3)
 
-    def height_when_empty(self):
+    def shape_when_empty(self):
         self.desktop.run(PELLO, "show")
         self.panel = self.desktop.wait_for_active("Pello")
-        height = self.desktop.geometry(self.panel)["HEIGHT"]
+        lines = self.desktop.run("xwininfo", "-id", self.panel, "-shape").splitlines()
+        shape = next(line for line in lines if "shape extents" in line)
         self.desktop.run(PELLO, "hide")
         self.wait_until_closed()
-        return height
+        return shape
 
     def test_what_is_forgotten_is_forgotten_by_the_running_launcher_too(self):
         self.start_pello()
         self.desktop.key("Escape")
         self.wait_until_closed()
-        nothing = self.height_when_empty()
+        nothing = self.shape_when_empty()
         self.summon("beacon")
         self.desktop.key("Return")
         self.expect_mark("Alpha Beacon")
         self.wait_until_closed()
-        self.assertGreater(self.height_when_empty(), nothing)
+        self.assertNotEqual(self.shape_when_empty(), nothing)
         item = self.desktop.run(PELLO, "learned").split("\t")[0]
         self.desktop.run(PELLO, "learned", "forget", item)
         end = time.monotonic() + DEADLINE
-        while self.height_when_empty() != nothing:
+        while self.shape_when_empty() != nothing:
             self.assertLess(time.monotonic(), end, "the row stayed")
 
 

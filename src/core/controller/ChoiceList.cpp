@@ -59,7 +59,7 @@ std::vector<SearchResult> ChoiceList::rows(std::string_view typed) const {
         return {};
     }
     const SearchQuery query(typed);
-    const std::size_t limit = static_cast<std::size_t>(kMaximumRows);
+    const auto limit = static_cast<std::size_t>(kMaximumRows);
     if (!query.isBlank()) {
         NoDefaults defaults;
         const UsageStore nothingLearned(defaults, clock_);

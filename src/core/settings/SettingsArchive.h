@@ -18,9 +18,9 @@ public:
     /// What a reader can read too: one setting on each line, those with lists on several.
     [[nodiscard]] std::string exported() const;
 
-    /// Takes over the settings that `json` names; others stay as they are. When one of them is not
-    /// understood, none is changed, and the first problem is told.
-    [[nodiscard]] std::optional<SettingsText::Problem> import(std::string_view json);
+    /// Takes over the settings that `text`, such an object, names; others stay as they are. When
+    /// one of them is not understood, none is changed, and the first problem is told.
+    [[nodiscard]] std::optional<SettingsText::Problem> import(std::string_view text);
 
 private:
     SettingsText& settings_;
