@@ -33,8 +33,8 @@ bool isOwned(xcb_connection_t* connection, xcb_atom_t selection) {
 
 } // namespace
 
-TrayHosts::TrayHosts(const QDBusConnection& bus, std::function<void()> appeared)
-    : bus_(bus), appeared_(std::move(appeared)) {
+TrayHosts::TrayHosts(QDBusConnection bus, std::function<void()> appeared)
+    : bus_(std::move(bus)), appeared_(std::move(appeared)) {
     QCoreApplication::instance()->installNativeEventFilter(this);
     QTimer::singleShot(0, &receiver_, [this] { look(); }); // what is urgent goes first
 }

@@ -22,7 +22,7 @@ class TrayHosts final : public QAbstractNativeEventFilter {
 public:
     /// Calls `appeared` once, in a later turn of the loop, when there is a host or one comes. `bus`
     /// is the session's, or not connected where there is none.
-    TrayHosts(const QDBusConnection& bus, std::function<void()> appeared);
+    TrayHosts(QDBusConnection bus, std::function<void()> appeared);
     ~TrayHosts() override;
     TrayHosts(const TrayHosts&) = delete;
     TrayHosts& operator=(const TrayHosts&) = delete;
