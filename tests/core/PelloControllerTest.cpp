@@ -404,6 +404,18 @@ TEST_F(PelloControllerTest, NothingMovesUnderTheSelectionWhileThePanelIsOpen) {
         << "the next keystroke ranks anew";
 }
 
+TEST(PelloControllerAtLaunchTest, WhatASourceHasAtFirstTakesItsOwnPlace) {
+    MemoryLauncher launcher;
+    NotingPanel panel;
+    launcher.controller.setPanel(&panel);
+    launcher.controller.show("post");
+    ASSERT_THAT(launcher.titles(), IsEmpty());
+    launcher.addScript("post", "#!/bin/sh");
+    ASSERT_THAT(launcher.titles(), ElementsAre("Post"));
+    EXPECT_EQ(launcher.controller.results().front().item->title, "Post")
+        << "above the search of the web";
+}
+
 TEST_F(PelloControllerTest, WhatWasLearnedIsForgottenRowByRow) {
     controller.setPanel(&panel);
     pick("s", 1);

@@ -73,8 +73,7 @@ class CommandsTest(case.LauncherCase):
     def shape_when_empty(self):
         self.desktop.run(PELLO, "show")
         self.panel = self.desktop.wait_for_active("Pello")
-        lines = self.desktop.run("xwininfo", "-id", self.panel, "-shape").splitlines()
-        shape = next(line for line in lines if "shape extents" in line)
+        shape = self.desktop.shape(self.panel)
         self.desktop.run(PELLO, "hide")
         self.wait_until_closed()
         return shape

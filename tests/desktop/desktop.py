@@ -221,12 +221,17 @@ class Desktop:
         values = dict(line.split("=") for line in shell.split())
         return {key: int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")}
 
+    def shape(self, window):
+        """What is shown of a window, as WIDTHxHEIGHT+X+Y."""
+        lines = self.run("xwininfo", "-id", window, "-shape").splitlines()
+        return next(line for line in lines if "Window shape extents" in line).split()[-1]
+
     def wait_for_shape(self, window, extents):
-        """Waits until this is what is shown of a window; nothing tells of it, so it is asked for."""
+        """Waits until this is what is shown; nothing tells of it, so it is asked for."""
         end = time.monotonic() + DEADLINE
-        while f"Window shape extents:  {extents}" not in self.run("xwininfo", "-id", window, "-shape"):
+        while (shape := self.shape(window)) != extents:
             if time.monotonic() > end:
-                raise AssertionError(f"nothing of the shape {extents} for {DEADLINE} s")
+                raise AssertionError(f"{shape} instead of {extents} for {DEADLINE} s")
             time.sleep(0.02)
 
     def write_defaults(self, values):

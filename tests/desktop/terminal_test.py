@@ -151,11 +151,7 @@ exit 3
         os.mkfifo(self.terminal.folder / "go")
         self.terminal.start()
         self.terminal.keys("post")
-        self.terminal.wait_for("Post")  # below others, where it was found after the last key
-        self.terminal.keys("Escape")
-        self.terminal.wait_for("Type to search")
-        self.terminal.keys("post")
-        self.terminal.wait_for("    Post")
+        self.terminal.wait_for("Post")
         self.terminal.keys("Enter")
         self.terminal.wait_for("n: Cancel")
         self.terminal.keys("y")

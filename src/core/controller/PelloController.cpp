@@ -32,8 +32,8 @@ private:
 
 PelloController::PelloController(const ControllerParts& parts) : parts_(parts) {
     parts_.indexer.onIndexChanged = [this] { applicationsChanged(); };
-    parts_.aliases.onIndexChanged = [this] { followSources(); };
-    parts_.scripts.onIndexChanged = [this] { followSources(); };
+    parts_.aliases.onIndexChanged = [this] { takeIn(Source::aliases); };
+    parts_.scripts.onIndexChanged = [this] { takeIn(Source::scripts); };
     parts_.scripts.onNeedsArgument = [this](const ScriptCommand& command) {
         askForArgument(command);
     };
@@ -41,9 +41,8 @@ PelloController::PelloController(const ControllerParts& parts) : parts_(parts) {
         followSources();
         keepTime();
     }));
-    const auto takeIn = [this] { selection_ == 0 ? refresh() : followSources(); };
-    parts_.quickActions.onChanged = takeIn;
-    parts_.glyphs.onPrepared = takeIn;
+    parts_.quickActions.onChanged = [this] { takeIn(Source::answers); };
+    parts_.glyphs.onPrepared = [this] { takeIn(Source::glyphs); };
     subscriptions_.push_back(parts_.settings.changed.connect([this] {
         configureSources();
         refresh();
@@ -126,11 +125,20 @@ void PelloController::refresh() {
     setSelection(selection_);
 }
 
-/// What the sources have now, below what the user looks at. What comes first at launch is waited
-/// for, so it takes its own place.
+/// What a source has at first is waited for: it takes its own place, unless the user has chosen a
+/// row by then.
+void PelloController::takeIn(Source source) {
+    const bool isKnown = std::exchange(knownSources_.at(static_cast<std::size_t>(source)), true);
+    if (isKnown || selection_ != 0) {
+        followSources();
+    } else {
+        refresh();
+    }
+}
+
+/// What the sources have now, below what the user looks at.
 void PelloController::followSources() {
-    const bool isAwaited = !areSourcesKnown_ && selection_ == 0;
-    if (!isPresented() || isAwaited) {
+    if (!isPresented()) {
         refresh();
         return;
     }
@@ -494,8 +502,7 @@ void PelloController::applicationsChanged() {
     if (std::exchange(prunesAfterScan_, false)) {
         pruneUsage();
     }
-    followSources();
-    areSourcesKnown_ = true;
+    takeIn(Source::applications);
 }
 
 void PelloController::pruneUsage() {

@@ -9,6 +9,7 @@
 #include "core/controller/RowRemark.h"
 #include "core/items/SearchResult.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -174,6 +175,8 @@ private:
     [[nodiscard]] std::shared_ptr<const PreparedList> ownCommands() const;
     [[nodiscard]] const SearchResult* selectedResult() const;
     [[nodiscard]] std::vector<SearchResult> search() const;
+    enum class Source { applications, aliases, scripts, answers, glyphs };
+    void takeIn(Source source);
     void followSources();
     void explainRows();
     void remark(RowRemark what);
@@ -209,7 +212,7 @@ private:
     bool isRecallingHistory_ = false;
     bool isDragging_ = false;
     bool prunesAfterScan_ = false;
-    bool areSourcesKnown_ = false; // once there was something to find
+    std::array<bool, 5> knownSources_{}; // which `Source`s have had something to find
     int openChanges_ = 0;
     bool hasChanged_ = false;
     Subscription nextSecond_;
