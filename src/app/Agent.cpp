@@ -181,6 +181,7 @@ int runAgent(const AgentCommand& command, int argc, char** argv) {
     QApplication::setApplicationVersion(kVersion);
     QApplication::setDesktopFileName("is.tolva.pello");
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setCursorFlashTime(0); // the panel's caret stands still, so nothing need wake up
     signals.deliver([] { QApplication::quit(); });
     describeToAssistiveTechnology();
     Agent agent(std::filesystem::path(socket).parent_path());
