@@ -9,6 +9,7 @@
 #include "ui/guide/WelcomePage.h"
 #include "ui/settings/SettingsPalette.h"
 #include "ui/theme/PanelMetrics.h"
+#include "ui/theme/PelloIcon.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -41,6 +42,7 @@ GuideWindow::GuideWindow(GuideServices services)
       back_(new QPushButton(u"Back"_s)),
       next_(new QPushButton(u"Continue"_s)) {
     setWindowTitle(u"Pello Set-up Guide"_s);
+    setWindowIcon(pelloIcon());
     const auto metrics = PanelMetrics::forFontSize(services_.settings.settings.fontSize());
     const double scale = std::clamp(metrics.scale, kSmallest, kLargest);
     setFont(scaledFont(font(), scale));

@@ -7,6 +7,7 @@
 #include "ui/settings/SourcesPage.h"
 #include "ui/settings/TabDelegate.h"
 #include "ui/settings/TabIcon.h"
+#include "ui/theme/PelloIcon.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -59,6 +60,7 @@ SettingsWindow::SettingsWindow(SettingsServices services)
       pageLayout_(new QVBoxLayout),
       contents_(newContents()) {
     setWindowTitle(u"Pello Settings"_s);
+    setWindowIcon(pelloIcon());
     setMinimumSize(kLeastSize);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins({});

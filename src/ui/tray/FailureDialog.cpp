@@ -1,5 +1,7 @@
 #include "ui/tray/FailureDialog.h"
 
+#include "ui/theme/PelloIcon.h"
+
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
@@ -22,6 +24,7 @@ QString shown(const std::string& utf8) {
 FailureDialog::FailureDialog(const ScriptFailure& failure, const Actions& actions) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(shown(failure.name + " failed"));
+    setWindowIcon(pelloIcon());
     auto* layout = new QVBoxLayout(this);
     auto* heading = new QLabel(shown(failure.fileName) + QStringLiteral(" — status ") +
                                QString::number(failure.status));
