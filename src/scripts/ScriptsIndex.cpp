@@ -15,8 +15,10 @@ std::vector<std::string> keywordsOf(const ScriptCommand& command) {
     if (command.keyword) {
         keywords.push_back(*command.keyword);
     }
-    for (const std::string_view word : text::words(command.detail ? *command.detail : "")) {
-        keywords.emplace_back(word);
+    if (command.detail) {
+        for (const std::string_view word : text::words(*command.detail)) {
+            keywords.emplace_back(word);
+        }
     }
     return keywords;
 }
