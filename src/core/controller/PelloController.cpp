@@ -1,55 +1,17 @@
 #include "core/controller/PelloController.h"
 
 #include "base/Text.h"
-#include "core/controller/ArgumentRow.h"
 #include "core/controller/Completion.h"
-#include "core/controller/RankingWords.h"
 #include "core/controller/StableRows.h"
-#include "sources/PelloCommands.h"
 
-#include <algorithm>
-#include <unordered_map>
-#include <unordered_set>
+#include <utility>
 
 namespace pello {
 
-class PelloController::Change {
-public:
-    explicit Change(PelloController& controller) : controller_(controller) {
-        ++controller_.openChanges_;
-    }
-    ~Change() {
-        if (--controller_.openChanges_ == 0 && std::exchange(controller_.hasChanged_, false)) {
-            controller_.changed.emit();
-        }
-    }
-    Change(const Change&) = delete;
-    Change& operator=(const Change&) = delete;
-
-private:
-    PelloController& controller_;
-};
-
 PelloController::PelloController(const ControllerParts& parts) : parts_(parts) {
-    parts_.indexer.onIndexChanged = [this] { applicationsChanged(); };
-    parts_.aliases.onIndexChanged = [this] { takeIn(Source::aliases); };
-    parts_.scripts.onIndexChanged = [this] { takeIn(Source::scripts); };
     parts_.scripts.onNeedsArgument = [this](const ScriptCommand& command) {
         askForArgument(command);
     };
-    subscriptions_.push_back(parts_.runningScripts.changed.connect([this] {
-        followSources();
-        keepTime();
-    }));
-    parts_.quickActions.onChanged = [this] { takeIn(Source::answers); };
-    parts_.glyphs.onPrepared = [this] { takeIn(Source::glyphs); };
-    subscriptions_.push_back(parts_.settings.changed.connect([this] {
-        configureSources();
-        refresh();
-    }));
-    subscriptions_.push_back(parts_.usage.changed.connect([this] { followSources(); }));
-    parts_.indexer.configure(parts_.settings.searchDirectories(parts_.bundles.standardFolders()));
-    parts_.aliases.configure(parts_.settings.urlAliases.get());
     refresh();
 }
 
@@ -59,32 +21,35 @@ void PelloController::setQuery(std::string_view query) {
     if (query == query_) {
         return;
     }
-    const Change change(*this);
+    const Change change(changes_);
     if (!isRecallingHistory_) {
         history_.end();
     }
     query_ = query;
-    variants_.clear();
-    remark_.reset();
-    reasons_.clear();
-    announce();
+    startOver();
+    changes_.announce();
     refresh();
 }
 
+/// What was asked about the rows of another text is no longer shown.
+void PelloController::startOver() {
+    supply_.endVariants();
+    actions_.endRemark();
+    reasons_.clear();
+}
+
 void PelloController::setSelection(int row) {
-    const Change change(*this);
-    const int before = std::exchange(selection_, std::max(0, row));
-    clampSelection();
-    if (selection_ != before) {
-        announce();
+    const Change change(changes_);
+    if (rows_.select(row)) {
+        changes_.announce();
     }
 }
 
 std::optional<std::string> PelloController::inlineCompletion() const {
-    if (prompted_ || selection_ != 0 || results_.empty()) {
+    if (supply_.isArgumentAsked() || selection() != 0 || results().empty()) {
         return std::nullopt;
     }
-    return completion(query_, results_.front().item->title);
+    return completion(query_, results().front().item->title);
 }
 
 void PelloController::acceptCompletion() {
@@ -94,45 +59,44 @@ void PelloController::acceptCompletion() {
 }
 
 void PelloController::report(std::string_view sentence) {
-    const Change change(*this);
+    const Change change(changes_);
     if (notice_ != sentence) {
         notice_ = sentence;
-        announce();
+        changes_.announce();
     }
 }
 
 void PelloController::dismissNotice() {
-    const Change change(*this);
+    const Change change(changes_);
     if (std::exchange(notice_, std::nullopt)) {
-        announce();
+        changes_.announce();
     }
-}
-
-void PelloController::announce() {
-    hasChanged_ = true;
 }
 
 // Searching
 
 void PelloController::refresh() {
-    const Change change(*this);
-    if (parts_.settings.startsCompact.get() && text::isBlank(query_) && !choice_.isAsked()) {
+    const Change change(changes_);
+    if (parts_.settings.startsCompact.get() && text::isBlank(query_) && !supply_.isChoiceAsked()) {
         replaceResults({});
         setSelection(0);
         return;
     }
-    replaceResults(search());
-    setSelection(selection_);
+    replaceResults(supply_.rows(query_));
+    setSelection(selection());
 }
 
 /// What a source has at first is waited for: it takes its own place, unless the user has chosen a
 /// row by then.
-void PelloController::takeIn(Source source) {
-    const bool isKnown = std::exchange(knownSources_.at(static_cast<std::size_t>(source)), true);
-    if (isKnown || selection_ != 0) {
-        followSources();
-    } else {
+void PelloController::takeIn(SourceUpdates::News news) {
+    using News = SourceUpdates::News;
+    if (news == News::settings || (news == News::firstItems && selection() == 0)) {
         refresh();
+    } else {
+        followSources();
+    }
+    if (news == News::runningScripts) {
+        keepTime();
     }
 }
 
@@ -142,95 +106,59 @@ void PelloController::followSources() {
         refresh();
         return;
     }
-    const Change change(*this);
-    replaceResults(stableRows(results_, selection_, search(),
+    const Change change(changes_);
+    replaceResults(stableRows(results(), selection(), supply_.rows(query_),
                               [this](const LaunchItem& item) { return search_.exists(item); }));
-    setSelection(selection_);
-}
-
-std::vector<SearchResult> PelloController::search() const {
-    if (choice_.isAsked()) {
-        return choice_.rows(query_);
-    }
-    if (prompted_) {
-        return argumentRow(parts_.scripts, *prompted_, query_);
-    }
-    if (!variants_.empty()) {
-        return variants_;
-    }
-    return search_.results(query_);
+    setSelection(selection());
 }
 
 // Arguments
-
-std::optional<std::string> PelloController::argumentPrompt() const {
-    return prompted_ ? std::optional(prompted_->name) : std::nullopt;
-}
-
-std::optional<std::string> PelloController::prompt() const {
-    return choice_.isAsked() ? choice_.prompt() : argumentPrompt();
-}
 
 /// The user types the argument behind the keyword, or where that means something else, by itself.
 void PelloController::askForArgument(const ScriptCommand& command) {
     const bool isUnderstood = command.keyword && search_.finds(command, *command.keyword);
     show(isUnderstood ? *command.keyword + ' ' : "");
     if (!isUnderstood) {
-        const Change change(*this);
-        prompted_ = command;
-        announce();
+        const Change change(changes_);
+        supply_.askForArgument(command);
+        changes_.announce();
         refresh();
     }
 }
 
 void PelloController::leaveArgumentPrompt() {
-    const Change change(*this);
-    if (std::exchange(prompted_, std::nullopt)) {
-        announce();
+    const Change change(changes_);
+    if (supply_.endArgument()) {
+        changes_.announce();
         setQuery("");
         refresh();
     }
 }
 
 void PelloController::replaceResults(std::vector<SearchResult> results) {
-    if (results != results_) {
-        results_ = std::move(results);
+    if (rows_.replace(std::move(results))) {
         if (!reasons_.empty()) {
-            explainRows();
+            reasons_ = search_.reasons(query_, rows_.all());
         }
-        announce();
+        changes_.announce();
     }
-}
-
-void PelloController::clampSelection() {
-    const int last = static_cast<int>(results_.size()) - 1;
-    selection_ = std::max(0, std::min(selection_, last));
 }
 
 // Running
 
-const SearchResult* PelloController::selectedResult() const {
-    const auto row = static_cast<std::size_t>(selection_);
-    return row < results_.size() ? &results_[row] : nullptr;
-}
-
 void PelloController::runSelection() {
-    if (const SearchResult* result = selectedResult()) {
+    if (const SearchResult* result = rows_.selected()) {
         run(LaunchItemRef(result->item)); // a copy: running replaces the results
     }
 }
 
 void PelloController::revealSelection() {
-    const SearchResult* result = selectedResult();
+    const SearchResult* result = rows_.selected();
     const auto file = result != nullptr ? result->item->revealURL : std::nullopt;
     if (file) {
         hide();
         parts_.workspace.reveal(*file);
     }
-}
-
-void PelloController::revealScript(std::string_view fileName) {
-    parts_.workspace.reveal(parts_.scripts.directory() / fileName);
 }
 
 void PelloController::writeSampleScript() {
@@ -244,133 +172,93 @@ void PelloController::writeSampleScript() {
 }
 
 bool PelloController::copySelection() {
-    const SearchResult* result = selectedResult();
-    if (result == nullptr || result->item->kind != LaunchItem::Kind::calculation) {
-        return false;
+    const SearchResult* result = rows_.selected();
+    const auto copied = result != nullptr ? actions_.copy(*result->item) : std::nullopt;
+    if (copied) {
+        remark(*copied);
     }
-    parts_.pasteboard.setText(result->item->title);
-    remark(RowRemark::copied);
-    return true;
+    return copied.has_value();
 }
 
 void PelloController::forgetSelection() {
-    if (const SearchResult* result = selectedResult()) {
-        const Change change(*this);
-        const bool wasKnown = parts_.usage.forget(std::string(result->id()));
-        remark(wasKnown ? RowRemark::forgotten : RowRemark::nothingLearned);
+    if (const SearchResult* result = rows_.selected()) {
+        const Change change(changes_);
+        remark(actions_.forget(std::string(result->id()))); // a copy: forgetting makes new rows
     }
 }
 
 void PelloController::remark(RowRemark what) {
-    const Change change(*this);
-    remark_ = {selectedResult()->item, what};
-    announce();
-}
-
-std::optional<RowRemark> PelloController::selectionRemark() const {
-    const SearchResult* result = selectedResult();
-    const bool isMeant = result != nullptr && remark_ && result->item == remark_->first;
-    return isMeant ? std::optional(remark_->second) : std::nullopt;
+    const Change change(changes_);
+    actions_.remark(rows_.selected()->item, what);
+    changes_.announce();
 }
 
 void PelloController::toggleReasons() {
-    const Change change(*this);
-    if (reasons_.empty()) {
-        explainRows();
-    } else {
-        reasons_.clear();
-    }
-    announce();
-}
-
-void PelloController::explainRows() {
-    std::unordered_map<std::string_view, std::string> words;
-    const auto explanations = search_.explanations(query_);
-    for (const SearchExplanation& row : explanations) {
-        words.emplace(row.result.id(), rankingWords(row));
-    }
-    reasons_.clear();
-    for (const SearchResult& result : results_) {
-        reasons_.push_back(words[result.id()]);
-    }
+    const Change change(changes_);
+    reasons_ = reasons_.empty() ? search_.reasons(query_, rows_.all()) : std::vector<std::string>();
+    changes_.announce();
 }
 
 bool PelloController::offerVariants() {
-    const SearchResult* result = selectedResult();
-    std::vector<SearchResult> variants;
-    if (result != nullptr) {
-        for (LaunchItemRef& variant : parts_.glyphs.variants(*result->item)) {
-            variants.push_back({.item = std::move(variant), .score = 0, .titleMatches = {}});
-        }
-    }
-    if (variants.empty()) {
+    const SearchResult* result = rows_.selected();
+    if (result == nullptr || !supply_.offerVariants(*result->item)) {
         return false;
     }
-    const Change change(*this);
-    variants_ = std::move(variants);
+    const Change change(changes_);
     refresh();
     setSelection(0);
     return true;
 }
 
 bool PelloController::withdrawVariants() {
-    if (variants_.empty()) {
-        return false;
+    const bool wereShown = supply_.endVariants();
+    if (wereShown) {
+        refresh();
     }
-    variants_.clear();
-    refresh();
-    return true;
+    return wereShown;
 }
 
 bool PelloController::runAgain() {
-    const SearchResult* result = selectedResult();
-    if (result == nullptr || parts_.runningScripts.row(*result->item) == nullptr) {
+    const SearchResult* result = rows_.selected();
+    if (result == nullptr || !actions_.isRunning(*result->item)) {
         return false;
     }
     const LaunchItemRef item = result->item;
     parts_.queryHistory.record(query_);
     hide();
-    parts_.loop.post([this, item] { parts_.runningScripts.runAgain(*item); });
+    actions_.startAgain(item);
     return true;
 }
 
 void PelloController::run(const LaunchItemRef& item) {
-    if (choice_.isAsked()) {
+    if (supply_.isChoiceAsked()) {
         endChoice(item.get());
         return;
     }
-    if (!prompted_) {
+    if (!supply_.isArgumentAsked()) {
         parts_.queryHistory.record(query_);
     }
     hide();
-    if (!item->isEphemeral) {
-        // Without its prefix: the glyph learned for ":fire" is the one for "emoji fire" too.
-        parts_.usage.record(item->id, QuerySearch::mode(query_).text);
-    }
-    parts_.loop.post([item] {
-        if (item->run) {
-            item->run();
-        }
-    });
+    actions_.start(item, query_);
 }
 
 // Choosing for other programs
 
 void PelloController::choose(ChoiceList::Question question) {
-    choice_.ask(std::move(question));
+    supply_.choice().ask(std::move(question));
     present("");
 }
 
 void PelloController::giveUpChoice() {
-    if (choice_.isAsked()) {
+    if (supply_.isChoiceAsked()) {
         endChoice(nullptr);
     }
 }
 
 /// The panel is gone before whoever asked goes on. As it goes, it may ask to be hidden once more.
 void PelloController::endChoice(const LaunchItem* chosen) {
-    const Change change(*this);
-    const auto answer = choice_.end(chosen);
+    const Change change(changes_);
+    const auto answer = supply_.choice().end(chosen);
     if (isPresented()) {
         panel_->dismiss();
     }
@@ -382,7 +270,7 @@ void PelloController::endChoice(const LaunchItem* chosen) {
 // History
 
 void PelloController::recallOlder() {
-    if (!prompted_ && !choice_.isAsked()) {
+    if (!supply_.isArgumentAsked() && !supply_.isChoiceAsked()) {
         recall(history_.older(query_));
     }
 }
@@ -393,37 +281,35 @@ void PelloController::recallNewer() {
 
 void PelloController::recall(const std::optional<std::string>& text) {
     if (text) {
-        const Change change(*this);
+        const Change change(changes_);
         isRecallingHistory_ = true;
         setQuery(*text);
         isRecallingHistory_ = false;
-        announce();
+        changes_.announce();
     }
 }
 
 // The panel
 
 void PelloController::show(std::string_view prefilling) {
-    choice_.cancel();
+    supply_.choice().cancel();
     present(prefilling);
 }
 
 void PelloController::present(std::string_view prefilling) {
     {
-        const Change change(*this);
+        const Change change(changes_);
         ++presentationToken_;
-        prompted_.reset();
-        selection_ = 0;
-        variants_.clear();
-        remark_.reset();
-        reasons_.clear();
+        supply_.endArgument();
+        rows_.select(0);
+        startOver();
         history_.end();
         if (query_ != prefilling) {
             setQuery(prefilling);
         } else {
             refresh(); // what was learned weighs less with every minute
         }
-        announce();
+        changes_.announce();
     }
     if (panel_ != nullptr) {
         panel_->present();
@@ -456,62 +342,6 @@ void PelloController::toggle() {
     } else {
         show();
     }
-}
-
-void PelloController::endPanelDrag(const PanelPlacement& placement) {
-    isDragging_ = false;
-    parts_.settings.panelPlacement.set(placement);
-}
-
-void PelloController::resetPanelPlacement() {
-    parts_.settings.panelPlacement.set(PanelPlacement{});
-}
-
-// The sources
-
-std::shared_ptr<const PreparedList> PelloController::ownCommands() const {
-    const auto calling = [](const std::function<void()>& action) {
-        return [&action] {
-            if (action) {
-                action();
-            }
-        };
-    };
-    return PreparedList::make(
-        PelloCommands::items({.checkForUpdates = calling(onCheckForUpdates),
-                              .showReleaseNotes = calling(onShowReleaseNotes)}));
-}
-
-void PelloController::configureSources() {
-    parts_.aliases.configure(parts_.settings.urlAliases.get());
-    const auto wanted = parts_.settings.searchDirectories(parts_.bundles.standardFolders());
-    if (wanted != parts_.indexer.directories()) {
-        parts_.indexer.configure(wanted);
-        parts_.indexer.rescan();
-    }
-}
-
-void PelloController::reindex(Pruning pruning) {
-    prunesAfterScan_ = prunesAfterScan_ || pruning == Pruning::forgetMissing;
-    parts_.indexer.rescan();
-    parts_.scripts.rescan();
-}
-
-void PelloController::applicationsChanged() {
-    parts_.aliases.rescan(); // others may open their addresses by now
-    if (std::exchange(prunesAfterScan_, false)) {
-        pruneUsage();
-    }
-    takeIn(Source::applications);
-}
-
-void PelloController::pruneUsage() {
-    std::unordered_set<std::string> existing;
-    for (const LaunchItem& item : parts_.indexer.items()->items()) {
-        existing.insert(item.id);
-    }
-    // Only applications have been scanned in full: whatever else is missing may come back.
-    parts_.usage.prune(existing, [](std::string_view id) { return !id.starts_with("app:"); });
 }
 
 } // namespace pello

@@ -1,22 +1,27 @@
 #pragma once
 
 #include "base/Signal.h"
+#include "core/controller/ChangeGroup.h"
 #include "core/controller/ChoiceList.h"
 #include "core/controller/ControllerParts.h"
 #include "core/controller/HistoryRecall.h"
 #include "core/controller/LauncherPanel.h"
+#include "core/controller/OwnCommands.h"
+#include "core/controller/PanelMoves.h"
 #include "core/controller/QuerySearch.h"
+#include "core/controller/ResultRows.h"
+#include "core/controller/RowActions.h"
 #include "core/controller/RowRemark.h"
+#include "core/controller/RowSupply.h"
+#include "core/controller/SourceUpdates.h"
 #include "core/items/SearchResult.h"
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace pello {
@@ -27,7 +32,7 @@ namespace pello {
 /// for anything. Main thread only; lives until the program quits.
 class PelloController {
 public:
-    enum class Pruning { keepAll, forgetMissing };
+    using Pruning = SourceUpdates::Pruning;
 
     explicit PelloController(const ControllerParts& parts);
 
@@ -39,10 +44,10 @@ public:
     void setQuery(std::string_view query);
 
     /// Best first. Valid until the next change.
-    [[nodiscard]] std::span<const SearchResult> results() const { return results_; }
+    [[nodiscard]] std::span<const SearchResult> results() const { return rows_.all(); }
 
     /// The selected row; 0 when there are no results.
-    [[nodiscard]] int selection() const { return selection_; }
+    [[nodiscard]] int selection() const { return rows_.selection(); }
 
     /// Selects `row`, or the nearest that exists.
     void setSelection(int row);
@@ -55,14 +60,16 @@ public:
     void acceptCompletion();
 
     /// The script whose argument is being typed instead of a query; nothing otherwise.
-    [[nodiscard]] std::optional<std::string> argumentPrompt() const;
+    [[nodiscard]] std::optional<std::string> argumentPrompt() const {
+        return supply_.argumentPrompt();
+    }
 
     /// Goes back to searching.
     void leaveArgumentPrompt();
 
     /// What the text is typed for instead of a search: the script of the argument prompt, or what
     /// is to be chosen; nothing otherwise.
-    [[nodiscard]] std::optional<std::string> prompt() const;
+    [[nodiscard]] std::optional<std::string> prompt() const { return supply_.prompt(); }
 
     /// A sentence that the user should see, until dismissed: what could not be read, saved or
     /// opened.
@@ -91,7 +98,9 @@ public:
     void writeSampleScript();
 
     /// Shows the script of that file name in the file viewer.
-    void revealScript(std::string_view fileName);
+    void revealScript(std::string_view fileName) {
+        parts_.workspace.reveal(parts_.scripts.directory() / fileName);
+    }
 
     /// Puts the selected answer on the pasteboard; the panel stays. False when the selected row is
     /// no answer.
@@ -102,7 +111,9 @@ public:
 
     /// What the selected row says about the last thing that was done with it, until something else
     /// is typed.
-    [[nodiscard]] std::optional<RowRemark> selectionRemark() const;
+    [[nodiscard]] std::optional<RowRemark> selectionRemark() const {
+        return actions_.remark(rows_.selected());
+    }
 
     /// Says in each row why it stands where it does, or says so no longer. Until something else is
     /// typed.
@@ -152,10 +163,10 @@ public:
     [[nodiscard]] int presentationToken() const { return presentationToken_; }
 
     /// The user moves the panel; while that goes on it is not placed anew.
-    void beginPanelDrag() { isDragging_ = true; }
-    void endPanelDrag(const PanelPlacement& placement);
-    void resetPanelPlacement();
-    [[nodiscard]] bool isPanelDragged() const { return isDragging_; }
+    void beginPanelDrag() { moves_.begin(); }
+    void endPanelDrag(const PanelPlacement& placement) { moves_.end(placement); }
+    void resetPanelPlacement() { moves_.undo(); }
+    [[nodiscard]] bool isPanelDragged() const { return moves_.isMoving(); }
 
     // The sources
 
@@ -167,56 +178,41 @@ public:
 
     /// Scans the sources again. With `forgetMissing`, what was learned about items that are gone
     /// is forgotten once the scan has ended.
-    void reindex(Pruning pruning = Pruning::keepAll);
+    void reindex(Pruning pruning = Pruning::keepAll) { sources_.reindex(pruning); }
 
     [[nodiscard]] PelloSettings& settings() { return parts_.settings; }
 
 private:
-    [[nodiscard]] std::shared_ptr<const PreparedList> ownCommands() const;
-    [[nodiscard]] const SearchResult* selectedResult() const;
-    [[nodiscard]] std::vector<SearchResult> search() const;
-    enum class Source { applications, aliases, scripts, answers, glyphs };
-    void takeIn(Source source);
+    void takeIn(SourceUpdates::News news);
     void followSources();
-    void explainRows();
     void remark(RowRemark what);
+    void startOver();
     void present(std::string_view prefilling);
     void endChoice(const LaunchItem* chosen);
     void keepTime();
     void askForArgument(const ScriptCommand& command);
     void replaceResults(std::vector<SearchResult> results);
-    void clampSelection();
     void recall(const std::optional<std::string>& text);
-    void configureSources();
-    void applicationsChanged();
-    void pruneUsage();
-    void announce();
 
-    /// Emits `changed` once at its end, however many changes an operation makes.
-    class Change;
+    using Change = ChangeGroup::Operation;
 
     ControllerParts parts_;
-    QuerySearch search_{parts_, ownCommands()};
+    ChangeGroup changes_{changed};
+    QuerySearch search_{parts_, ownCommands(onCheckForUpdates, onShowReleaseNotes)};
+    RowSupply supply_{parts_, search_};
+    RowActions actions_{parts_};
     LauncherPanel* panel_ = nullptr;
     std::string query_;
-    std::vector<SearchResult> results_;
-    std::vector<SearchResult> variants_; // shown instead of the results, unless empty
-    int selection_ = 0;
+    ResultRows rows_;
     int presentationToken_ = 0;
     std::optional<std::string> notice_;
     std::vector<std::string> reasons_; // of the rows, unless empty
-    std::optional<std::pair<LaunchItemRef, RowRemark>> remark_;
-    std::optional<ScriptCommand> prompted_;
-    ChoiceList choice_{parts_.loop};
+    PanelMoves moves_{parts_.settings};
     HistoryRecall history_{parts_.queryHistory};
     bool isRecallingHistory_ = false;
-    bool isDragging_ = false;
-    bool prunesAfterScan_ = false;
-    std::array<bool, 5> knownSources_{}; // which `Source`s have had something to find
-    int openChanges_ = 0;
-    bool hasChanged_ = false;
     Subscription nextSecond_;
-    std::vector<Subscription> subscriptions_;
+    // The last one, as it tells at once.
+    SourceUpdates sources_{parts_, [this](SourceUpdates::News news) { takeIn(news); }};
 };
 
 } // namespace pello

@@ -1,9 +1,11 @@
 #include "core/controller/QuerySearch.h"
 
+#include "core/controller/RankingWords.h"
 #include "scripts/ScriptItem.h"
 #include "search/SearchEngine.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -33,6 +35,20 @@ std::vector<SearchExplanation> QuerySearch::explanations(std::string_view query)
     }
     return SearchEngine::explain(query, catalogue(), quickActions(query), parts_.usage,
                                  parts_.settings.maximumResults.get());
+}
+
+std::vector<std::string> QuerySearch::reasons(std::string_view query,
+                                              std::span<const SearchResult> rows) const {
+    std::unordered_map<std::string_view, std::string> words;
+    const auto explained = explanations(query);
+    for (const SearchExplanation& row : explained) {
+        words.emplace(row.result.id(), rankingWords(row));
+    }
+    std::vector<std::string> reasons;
+    for (const SearchResult& row : rows) {
+        reasons.push_back(words[row.id()]);
+    }
+    return reasons;
 }
 
 std::vector<LaunchItemRef> QuerySearch::quickActions(std::string_view query) const {

@@ -7,6 +7,8 @@
 #include "search/SearchExplanation.h"
 
 #include <memory>
+#include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -28,6 +30,10 @@ public:
 
     /// What made the place of each row for `query`, in their order.
     [[nodiscard]] std::vector<SearchExplanation> explanations(std::string_view query) const;
+
+    /// Why each of `rows` stands where it does for `query`, in words; empty where nothing is known.
+    [[nodiscard]] std::vector<std::string> reasons(std::string_view query,
+                                                   std::span<const SearchResult> rows) const;
 
     /// Whether a source still has `item`, whatever finds it.
     [[nodiscard]] bool exists(const LaunchItem& item) const;
