@@ -101,6 +101,10 @@ TEST_F(PelloControllerTest, StartingCompactShowsNothingUntilSomethingIsTyped) {
     controller.setSelection(1);
     EXPECT_THAT(found(""), IsEmpty());
     EXPECT_EQ(controller.selection(), 0);
+    controller.setPanel(&panel);
+    controller.show();
+    reindex();
+    EXPECT_THAT(titles(), IsEmpty()) << "a source has news";
 }
 
 TEST_F(PelloControllerTest, CompletesTheFirstTitleOnlyWhileTheFirstRowIsSelected) {

@@ -1,6 +1,5 @@
 #include "core/controller/PelloController.h"
 
-#include "base/Text.h"
 #include "core/controller/Completion.h"
 #include "core/controller/StableRows.h"
 
@@ -77,11 +76,6 @@ void PelloController::dismissNotice() {
 
 void PelloController::refresh() {
     const Change change(changes_);
-    if (parts_.settings.startsCompact.get() && text::isBlank(query_) && !supply_.isChoiceAsked()) {
-        replaceResults({});
-        setSelection(0);
-        return;
-    }
     replaceResults(supply_.rows(query_));
     setSelection(selection());
 }

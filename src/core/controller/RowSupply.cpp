@@ -1,5 +1,6 @@
 #include "core/controller/RowSupply.h"
 
+#include "base/Text.h"
 #include "core/controller/ArgumentRow.h"
 
 namespace pello {
@@ -14,7 +15,8 @@ std::vector<SearchResult> RowSupply::rows(std::string_view typed) const {
     if (!variants_.empty()) {
         return variants_;
     }
-    return search_.results(typed);
+    const bool isCompact = parts_.settings.startsCompact.get() && text::isBlank(typed);
+    return isCompact ? std::vector<SearchResult>() : search_.results(typed);
 }
 
 std::optional<std::string> RowSupply::argumentPrompt() const {
