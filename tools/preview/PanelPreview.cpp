@@ -1,6 +1,7 @@
 /// Shows the real panel over a desktop in memory, for looking at it: applications, glyphs,
 /// answers, failures and notices, in the appearance that the arguments ask for.
 
+#include "Preview.h"
 #include "app/Launcher.h"
 #include "platform/linux/X11Compositor.h"
 #include "platform/memory/MemoryAddressHandlers.h"
@@ -22,20 +23,9 @@
 #include "ui/icons/IconLoader.h"
 #include "ui/panel/PanelWindow.h"
 
-#include <QApplication>
-#include <QCommandLineParser>
-#include <QPalette>
-
 namespace {
 
 using namespace pello;
-
-void makeDark() {
-    QPalette dark;
-    dark.setColor(QPalette::Window, QColor(0x20, 0x20, 0x26));
-    dark.setColor(QPalette::WindowText, Qt::white);
-    QApplication::setPalette(dark);
-}
 
 /// A desktop with a few applications that nothing can be done to.
 class Desktop {
@@ -90,24 +80,17 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    QCommandLineParser options;
-    options.addOption({"dark", "Dark appearance"});
-    options.addOption({"opaque", "No glass"});
-    options.addOption({"font-size", "Size of the titles", "points", "16"});
-    options.addOption({"query", "What to search", "text", ":fire"});
-    options.addOption({"failure", "What a script that failed said", "text"});
-    options.addOption({"notice", "A sentence below the rows", "text"});
-    options.process(application);
-    if (options.isSet("dark")) {
-        makeDark();
-    }
-
+    const Preview preview(argc, argv,
+                          {{"opaque", "No glass"},
+                           {"font-size", "Size of the titles", "points", "16"},
+                           {"query", "What to search", "text", ":fire"},
+                           {"failure", "What a script that failed said", "text"},
+                           {"notice", "A sentence below the rows", "text"}});
     Desktop desktop;
     desktop.install({"Calculator", "Calendar", "Files", "Firefox", "Terminal", "Text Editor"});
     Launcher launcher(desktop.ports());
-    launcher.settings().fontSize.set(options.value("font-size").toDouble());
-    launcher.settings().usesGlass.set(!options.isSet("opaque"));
+    launcher.settings().fontSize.set(preview.number("font-size"));
+    launcher.settings().usesGlass.set(!preview.has("opaque"));
     PelloController& controller = launcher.controller();
     controller.reindex();
     IconLoader icons(desktop.loop, nullptr, std::make_shared<SharedIconTheme>([] {
@@ -116,16 +99,16 @@ int main(int argc, char** argv) {
                      }));
     const X11Compositor compositor;
     ScriptFailureLog& failures = launcher.scriptFailures();
-    if (options.isSet("failure")) {
+    if (preview.has("failure")) {
         failures.record({.name = "Backup",
                          .fileName = "backup",
                          .status = 12,
-                         .detail = options.value("failure").toStdString()});
+                         .detail = preview.text("failure")});
     }
     PanelWindow panel(controller, icons, compositor, failures);
-    if (options.isSet("notice")) {
-        controller.report(options.value("notice").toStdString());
+    if (preview.has("notice")) {
+        controller.report(preview.text("notice"));
     }
-    controller.show(options.value("query").toStdString());
-    return QApplication::exec();
+    controller.show(preview.text("query"));
+    return Preview::run();
 }
