@@ -5,7 +5,11 @@ import pathlib
 import plistlib
 import shutil
 import subprocess
-import tempfile
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tests/desktop"))
+
+from private_session import PrivateSession  # noqa: E402  (found above)
 
 KEPT = ("PATH", "USER", "LOGNAME", "TERM")
 BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -27,30 +31,23 @@ def outweigh_the_machine():
             os.nice(-20)
 
 
-class Session:
-    """Use it in a `with`; everything ends and goes with it. `data` are the folders with
-    applications."""
+class Session(PrivateSession):
+    """`data` are the folders with applications."""
+
+    patience = 3  # some launchers do not end when asked to
 
     def __init__(self, data):
+        super().__init__()
         self.data = data
 
-    def __enter__(self):
-        with contextlib.ExitStack() as stack:
-            self.stack = stack
-            self.home = pathlib.Path(tempfile.mkdtemp(prefix="pello-bench-"))
-            stack.callback(shutil.rmtree, self.home, ignore_errors=True)
-            self._make_home()
-            self._start_display()
-            self._start_bus()
-            self.start(["openbox", "--sm-disable"])
-            self._wait_for_manager()
-            self.run("xset", "r", "off", "s", "off")
-            self.run("xsetroot", "-solid", "#335577")
-            self.stack = stack.pop_all()
-        return self
-
-    def __exit__(self, *_):
-        self.stack.close()
+    def _begin(self):
+        self.home = self.folder
+        self._make_home()
+        self._start_display("1280x800", "-nolisten", "tcp", "-nocursor")
+        self._start_bus(self._bus_configuration())
+        self._start_manager("openbox", "--sm-disable")
+        self.run("xset", "r", "off", "s", "off")
+        self.run("xsetroot", "-solid", "#335577")
 
     def _make_home(self):
         folders = {"XDG_CONFIG_HOME": "config", "XDG_CACHE_HOME": "cache",
@@ -74,16 +71,7 @@ class Session:
             "QT_QPA_PLATFORM": "xcb", "XDG_SESSION_TYPE": "x11",
             "BENCH_LOG": str(self.home / "log")}
 
-    def _start_display(self):
-        reader, writer = os.pipe()
-        server = ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x800x24",
-                  "-nolisten", "tcp", "-nocursor", "-noreset"]
-        self.start(server, pass_fds=[writer])
-        os.close(writer)
-        with os.fdopen(reader) as pipe:
-            self.environment["DISPLAY"] = ":" + pipe.readline().strip()
-
-    def _start_bus(self):
+    def _bus_configuration(self):
         """Services start on demand as on a desktop, but none that would show notifications."""
         services = self.home / "services"
         services.mkdir()
@@ -91,34 +79,8 @@ class Session:
             if "Notifications" not in file.read_text():
                 shutil.copy(file, services)
         (self.home / "bus.conf").write_text(BUS.format(services=services))
-        bus = self.start(["dbus-daemon", f"--config-file={self.home}/bus.conf", "--nofork",
-                          "--print-address"], stdout=subprocess.PIPE, text=True)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
-        self.stack.callback(bus.stdout.close)
-
-    def _wait_for_manager(self):
-        watch = self.start(["stdbuf", "-oL", "xprop", "-root", "-spy"], stdout=subprocess.PIPE,
-                           text=True)
-        self.stack.callback(watch.stdout.close)
-        while not watch.stdout.readline().startswith("_NET_CLIENT_LIST("):
-            pass
+        return f"--config-file={self.home}/bus.conf"
 
     def start(self, command, **options):
-        options = {"stdout": subprocess.DEVNULL} | options
-        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL, **options)
-        self.stack.callback(self._end, process)
-        return process
-
-    @staticmethod
-    def _end(process):
-        process.terminate()
-        try:
-            process.wait(3)
-        except subprocess.TimeoutExpired:
-            process.kill()
-            process.wait()
-
-    def run(self, *command):
-        return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL, check=True,
-                              text=True, stdout=subprocess.PIPE).stdout
+        quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        return super().start(command, **quiet | options)

@@ -1,71 +1,36 @@
-"""A private desktop for tests: an X server, a window manager, a session bus and a home of its own.
-
-Everything here waits for events; a deadline only turns a hang into a failure.
-"""
+"""A private desktop for tests: a session with a home of its own."""
 import contextlib
 import os
 import pathlib
 import plistlib
 import re
 import selectors
-import shutil
 import signal
 import subprocess
-import tempfile
 import time
 
-DEADLINE = 30  # seconds, for any one thing to happen
+from private_session import DEADLINE, Lines, PrivateSession
+
 PORTAL = "/org/freedesktop/portal/desktop"
 
 
-class Lines:
-    """Lines that arrive in a file descriptor, waited for one by one."""
-
-    def __init__(self, descriptor, source):
-        self.descriptor = descriptor
-        self.source = source
-        self.buffer = b""
-        self.selector = selectors.DefaultSelector()
-        self.selector.register(descriptor, selectors.EVENT_READ)
-
-    def until(self, wanted, what):
-        """What `wanted` gives for the first line for which it gives something true."""
-        end = time.monotonic() + DEADLINE
-        while True:
-            while b"\n" in self.buffer:
-                line, self.buffer = self.buffer.split(b"\n", 1)
-                if found := wanted(line.decode(errors="replace")):
-                    return found
-            if not self.selector.select(end - time.monotonic()):
-                raise AssertionError(f"{what}: nothing happened for {DEADLINE} s")
-            chunk = os.read(self.descriptor, 65536)
-            if not chunk:
-                raise AssertionError(f"{what}: {self.source} ended")
-            self.buffer += chunk
-
-
-class Desktop:
-    """One screen with openbox on it. Use it in a `with`; everything ends and goes with it."""
+class Desktop(PrivateSession):
+    """One screen with openbox on it."""
 
     def __init__(self, screenshots, size="1280x800", monitors=()):
         """`monitors` share the screen: "left 640/160x800/200+0+0", as xrandr takes them."""
+        super().__init__()
         self.screenshots = pathlib.Path(screenshots)
         self.size = size
         self.monitors = monitors
-        self.stack = contextlib.ExitStack()
 
-    def __enter__(self):
-        with contextlib.ExitStack() as stack:
-            self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pello-desktop-"))
-            stack.callback(shutil.rmtree, self.folder, ignore_errors=True)
-            self.stack, self.environment = stack, self._environment()
-            self._start_display()
-            self._start_bus()
-            self.stack = stack.pop_all()
-        return self
-
-    def __exit__(self, *_):
-        self.stack.close()
+    def _begin(self):
+        self.environment = self._environment()
+        self._start_display(self.size)
+        for monitor, output in zip(self.monitors, ["screen", *["none"] * len(self.monitors)]):
+            self.run("xrandr", "--setmonitor", *monitor.split(), output)
+        self._start_manager("env", "XDG_DATA_DIRS=/usr/share", "openbox")
+        self._start_bus()
 
     def _environment(self):
         folders = {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
@@ -77,42 +42,6 @@ class Desktop:
         path = f"{self.folder / 'programs'}:{os.environ['PATH']}"
         kept = {"PATH": path, "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb"}
         return kept | {key: str(self.folder / name) for key, name in folders.items()}
-
-    def _start_display(self):
-        reader, writer = os.pipe()
-        server = ["Xvfb", "-displayfd", str(writer), "-screen", "0", self.size + "x24", "-noreset"]
-        self.start(server, pass_fds=[writer], stderr=subprocess.DEVNULL)
-        os.close(writer)
-        with os.fdopen(reader) as pipe:
-            self.environment["DISPLAY"] = ":" + pipe.readline().strip()
-        for monitor, output in zip(self.monitors, ["screen", *["none"] * len(self.monitors)]):
-            self.run("xrandr", "--setmonitor", *monitor.split(), output)
-        self.root = self.watch(["xprop", "-root", "-spy"])
-        self.start(["env", "XDG_DATA_DIRS=/usr/share", "openbox"], stderr=subprocess.DEVNULL)
-        # Set once the manager manages: what is mapped earlier may be overlooked.
-        self.root.until(lambda line: line.startswith("_NET_CLIENT_LIST("), "the window manager")
-
-    def _start_bus(self):
-        bus = self.watch(["dbus-daemon", "--session", "--nofork", "--print-address"])
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.until(str.strip, "the session bus")
-
-    def start(self, command, **options):
-        """Starts `command` here; it is ended with the desktop unless it ended before."""
-        process = subprocess.Popen(list(map(str, command)), env=self.environment,
-                                   stdin=subprocess.DEVNULL, **options)
-        self.stack.callback(self._end, process)
-        return process
-
-    @staticmethod
-    def _end(process):
-        process.terminate()
-        try:
-            process.wait(DEADLINE)
-        except subprocess.TimeoutExpired:
-            process.kill()
-            process.wait()
-        if process.stdout:
-            process.stdout.close()
 
     @staticmethod
     def first_to_end(processes):
@@ -126,17 +55,6 @@ class Desktop:
         if not ended:
             raise AssertionError(f"none of {len(processes)} processes ended for {DEADLINE} s")
         return ended[0], [process for process in processes if process is not ended[0]]
-
-    def watch(self, command):
-        """Starts `command` and returns its lines as it writes them."""
-        process = self.start(["stdbuf", "-oL", *command], stdout=subprocess.PIPE,
-                             stderr=subprocess.DEVNULL)
-        return Lines(process.stdout.fileno(), command[0])
-
-    def run(self, *command):
-        """What `command` prints; it must succeed."""
-        return subprocess.run(list(map(str, command)), env=self.environment, check=True, text=True,
-                              stdout=subprocess.PIPE, timeout=DEADLINE).stdout
 
     def output_of(self, *command):
         """What `command` prints, whether or not it succeeds."""
