@@ -1,7 +1,9 @@
 #define NCURSES_NOMACROS 1
+#define NCURSES_WIDECHAR 1
 #include "ui/terminal/CursesPainter.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <curses.h>
 #include <cwchar>
@@ -109,6 +111,7 @@ std::unique_ptr<CursesPainter> CursesPainter::open() {
 CursesPainter::CursesPainter(std::unique_ptr<Curses> curses) : curses_(std::move(curses)) {}
 CursesPainter::~CursesPainter() = default;
 
+// NOLINTBEGIN(*-to-static): the library keeps the state, the object says that the terminal is held
 TerminalSize CursesPainter::size() const {
     return {.rows = ::getmaxy(stdscr), .columns = ::getmaxx(stdscr)};
 }
@@ -131,13 +134,15 @@ void CursesPainter::paint(const TerminalScreen& screen) {
 void CursesPainter::forget() {
     ::clearok(curscr, TRUE);
 }
+// NOLINTEND(*-to-static)
 
 std::string CursesPainter::leavingSequence() {
     std::string sequence(kLeavePastes);
-    for (const char* name : {"sgr0", "cnorm", "rmcup"}) {
-        const char* capability = ::tigetstr(name);
+    // Older libraries want names that they could change.
+    for (std::string name : {"sgr0", "cnorm", "rmcup"}) {
+        const char* capability = ::tigetstr(name.data());
         // -1 stands for a name that is none.
-        if (capability != nullptr && capability != reinterpret_cast<const char*>(-1)) {
+        if (capability != nullptr && reinterpret_cast<std::intptr_t>(capability) != -1) {
             sequence += capability;
         }
     }
