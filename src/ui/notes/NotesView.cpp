@@ -64,20 +64,27 @@ void NotesView::write() {
     document()->rootFrame()->setFrameFormat(whole);
     QTextCursor cursor(document());
     cursor.setBlockFormat(gapFormat());
-    const std::size_t newer = installed_ ? newerCount(releases_, *installed_) : 0;
-    for (std::size_t index = 0; index < releases_.size(); ++index) {
-        if (index == newer && releases_[index].version != *installed_) {
-            writeYourPlace(cursor);
-        }
-        writeRelease(cursor, releases_[index]);
-    }
-    if (newer == releases_.size() && installed_) {
-        writeYourPlace(cursor);
+    if (installed_) {
+        writeReleases(cursor, *installed_);
     }
     verticalScrollBar()->setValue(scrolled);
 }
 
-void NotesView::writeRelease(QTextCursor& cursor, const Release& release) {
+void NotesView::writeReleases(QTextCursor& cursor, const ReleaseVersion& installed) {
+    const std::size_t newer = newerCount(releases_, installed);
+    for (std::size_t index = 0; index < releases_.size(); ++index) {
+        if (index == newer && releases_[index].version != installed) {
+            writeYourPlace(cursor, installed);
+        }
+        writeRelease(cursor, releases_[index], installed);
+    }
+    if (newer == releases_.size()) {
+        writeYourPlace(cursor, installed);
+    }
+}
+
+void NotesView::writeRelease(QTextCursor& cursor, const Release& release,
+                             const ReleaseVersion& installed) {
     QTextFrameFormat card;
     card.setPadding(kPadding);
     card.setBottomMargin(0);
@@ -88,10 +95,10 @@ void NotesView::writeRelease(QTextCursor& cursor, const Release& release) {
     version.setFontWeight(QFont::DemiBold);
     cursor.setBlockFormat({});
     cursor.insertText(u"Pello "_s + shown(release.version.text()), version);
-    if (release.version == *installed_) {
+    if (release.version == installed) {
         writeBadge(cursor, u"Installed"_s, SettingsPalette::blend(palette(), kBadgeShare),
                    palette().color(QPalette::Text));
-    } else if (release.version > *installed_) {
+    } else if (release.version > installed) {
         writeBadge(cursor, u"New"_s, PanelTheme::matching(palette()).accent,
                    palette().color(QPalette::Base));
     }
@@ -135,14 +142,14 @@ void NotesView::writeBadge(QTextCursor& cursor, const QString& word, const QColo
 }
 
 /// Where the installed version would stand, which the feed does not know.
-void NotesView::writeYourPlace(QTextCursor& cursor) {
+void NotesView::writeYourPlace(QTextCursor& cursor, const ReleaseVersion& installed) {
     QTextCharFormat dim;
     dim.setForeground(palette().color(SettingsPalette::kDim));
     QTextBlockFormat middle;
     middle.setAlignment(Qt::AlignHCenter);
     middle.setTopMargin(kGap);
     cursor.insertBlock(middle, dim);
-    cursor.insertText(u"You have Pello %1"_s.arg(shown(installed_->text())), dim);
+    cursor.insertText(u"You have Pello %1"_s.arg(shown(installed.text())), dim);
     cursor.insertBlock(gapFormat(), {});
 }
 

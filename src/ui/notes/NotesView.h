@@ -35,11 +35,12 @@ private:
     };
 
     void write();
-    void writeRelease(QTextCursor& cursor, const Release& release);
+    void writeReleases(QTextCursor& cursor, const ReleaseVersion& installed);
+    void writeRelease(QTextCursor& cursor, const Release& release, const ReleaseVersion& installed);
     static void writeNotes(QTextCursor& cursor, const QString& notes);
     void writeBadge(QTextCursor& cursor, const QString& word, const QColor& ground,
                     const QColor& text);
-    void writeYourPlace(QTextCursor& cursor);
+    void writeYourPlace(QTextCursor& cursor, const ReleaseVersion& installed);
     [[nodiscard]] QRectF areaOf(const Badge& badge) const;
 
     std::vector<Release> releases_;

@@ -149,7 +149,7 @@ void NotesWindow::say(const QString& title, const QString& message) {
 }
 
 /// The text is the feed's, which anybody may have written.
-void NotesWindow::follow(const QUrl& link) {
+void NotesWindow::follow(const QUrl& link) const {
     if (link.scheme() == u"https"_s || link.scheme() == u"http"_s) {
         services_.openAddress(link.toEncoded().toStdString());
     }

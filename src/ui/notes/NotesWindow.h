@@ -31,7 +31,7 @@ private:
     void load();
     void take(const ReleaseFeed::Contents& contents);
     void say(const QString& title, const QString& message);
-    void follow(const QUrl& link);
+    void follow(const QUrl& link) const;
     void takePalette();
 
     NotesServices services_;

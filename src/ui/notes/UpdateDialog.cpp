@@ -97,8 +97,8 @@ void UpdateDialog::tell(const UpdateVerdict& verdict) {
     setAccessibleDescription(message);
     buttons_->clear();
     if (verdict.release && !verdict.release->link.empty()) {
-        addButton(u"Download"_s,
-                  [this, link = verdict.release->link] { services_.openAddress(link); });
+        download_ = verdict.release->link;
+        addButton(u"Download"_s, [this] { services_.openAddress(download_); });
     }
     if (verdict.kind != UpdateVerdict::Kind::unknown) {
         addButton(u"What’s New"_s, showNotes_);

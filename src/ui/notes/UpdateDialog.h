@@ -9,6 +9,7 @@
 #include <QLabel>
 
 #include <functional>
+#include <string>
 
 namespace pello {
 
@@ -30,6 +31,7 @@ private:
     NotesServices services_;
     ReleaseLoader loader_;
     std::function<void()> showNotes_;
+    std::string download_;
     bool isLooking_ = false;
     QLabel* title_;
     QLabel* message_;

@@ -207,7 +207,7 @@ bool PanelKeys::explain() {
     return true;
 }
 
-bool PanelKeys::openSettings() {
+bool PanelKeys::openSettings() { // NOLINT(*-function-const): stands in a table of members
     if (onSettings) {
         onSettings();
     }

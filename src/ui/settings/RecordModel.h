@@ -92,13 +92,13 @@ public:
                                        destinationParent, destinationChild)) {
             return false;
         }
-        const auto first = records_.begin() + sourceRow;
-        const auto last = first + count;
+        const auto moved = records_.begin() + sourceRow;
+        const auto behind = moved + count;
         const auto target = records_.begin() + destinationChild;
         if (destinationChild < sourceRow) {
-            std::rotate(target, first, last);
+            std::rotate(target, moved, behind);
         } else {
-            std::rotate(first, last, target);
+            std::rotate(moved, behind, target);
         }
         endMoveRows();
         write();

@@ -19,7 +19,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr qint64 kMostBytes = 4 * 1024 * 1024; // more is no list that somebody wrote
+constexpr qint64 kMostBytes = qint64{4} * 1024 * 1024; // more is no list that somebody wrote
 const auto kFileKinds = u"JSON files (*.json);;All files (*)"_s;
 
 QPushButton* newTool(const QString& text, const QString& name, std::function<void()> action) {
@@ -89,8 +89,8 @@ QWidget* RecordsPage::newTools(const Texts& texts) {
     layout->addStretch();
     add(u"Import…"_s, u"Import from a file"_s,
         [this] { importFile(QFileDialog::getOpenFileName(this, u"Import"_s, {}, kFileKinds)); });
-    add(u"Export…"_s, u"Export to a file"_s, [this, file = texts.file] {
-        exportFile(QFileDialog::getSaveFileName(this, u"Export"_s, file, kFileKinds));
+    add(u"Export…"_s, u"Export to a file"_s, [this, suggested = texts.file] {
+        exportFile(QFileDialog::getSaveFileName(this, u"Export"_s, suggested, kFileKinds));
     });
     return tools;
 }
