@@ -1,4 +1,5 @@
 #include "platform/RepeatingTimer.h"
+
 #include "platform/memory/MemoryMainLoop.h"
 
 #include <gtest/gtest.h>

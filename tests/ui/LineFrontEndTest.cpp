@@ -23,9 +23,7 @@ protected:
     std::string converse(const std::string& lines) {
         std::istringstream input(lines);
         std::ostringstream output;
-        LineFrontEnd(
-            launcher.controller, [this] { launcher.loop.settle(); }, input, output)
-            .run();
+        LineFrontEnd(launcher.controller, [this] { launcher.loop.settle(); }, input, output).run();
         return output.str();
     }
 

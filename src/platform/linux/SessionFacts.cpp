@@ -2,6 +2,7 @@
 
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/LocalSocket.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
