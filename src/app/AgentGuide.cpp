@@ -3,6 +3,7 @@
 #include "app/GuideChecks.h"
 
 #include <string_view>
+#include <utility>
 
 namespace pello {
 namespace {
@@ -12,10 +13,10 @@ constexpr std::string_view kSeenKey = "hasSeenGuide";
 
 } // namespace
 
-AgentGuide::AgentGuide(Launcher& launcher, const Platform& platform, AgentKeyboard& keyboard,
+AgentGuide::AgentGuide(Launcher& launcher, Platform platform, AgentKeyboard& keyboard,
                        AgentSettings& settings, QWidget& panel)
     : launcher_(launcher),
-      platform_(platform),
+      platform_(std::move(platform)),
       keyboard_(keyboard),
       settings_(settings),
       panel_(panel) {
@@ -65,7 +66,7 @@ GuideServices AgentGuide::services() {
                                                    .failure = hotkey.lastFailure().value_or("")};
                 },
             .listenerChanged = keyboard_.changed(),
-            .check = [this](auto done) { check(done); },
+            .check = [this](const auto& done) { check(done); },
             .relaunch = [this] { keyboard_.relaunch(); },
             .dialogs = platform_.dialogs,
             .openSettings = [this] { settings_.present(); }};

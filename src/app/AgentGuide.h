@@ -16,7 +16,7 @@ namespace pello {
 class AgentGuide {
 public:
     /// Everything must outlive this object. The guide gives way to `panel` when that is shown.
-    AgentGuide(Launcher& launcher, const Platform& platform, AgentKeyboard& keyboard,
+    AgentGuide(Launcher& launcher, Platform platform, AgentKeyboard& keyboard,
                AgentSettings& settings, QWidget& panel);
 
     /// Opens the guide if this launch calls for it. Once the keyboard is listened to.

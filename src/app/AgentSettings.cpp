@@ -2,11 +2,13 @@
 
 #include "platform/linux/X11KeyCodes.h"
 
+#include <utility>
+
 namespace pello {
 
-AgentSettings::AgentSettings(Launcher& launcher, const Platform& platform, AgentKeyboard& keyboard)
+AgentSettings::AgentSettings(Launcher& launcher, Platform platform, AgentKeyboard& keyboard)
     : launcher_(launcher),
-      platform_(platform),
+      platform_(std::move(platform)),
       keyboard_(keyboard),
       onChange_(launcher.controller().changed.connect([this] { foundChanged_.emit(); })) {}
 

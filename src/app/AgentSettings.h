@@ -16,7 +16,7 @@ namespace pello {
 class AgentSettings {
 public:
     /// Everything must outlive this object.
-    AgentSettings(Launcher& launcher, const Platform& platform, AgentKeyboard& keyboard);
+    AgentSettings(Launcher& launcher, Platform platform, AgentKeyboard& keyboard);
 
     void present(std::optional<SettingsTab> tab = std::nullopt);
 

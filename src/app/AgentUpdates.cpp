@@ -3,10 +3,12 @@
 #include "app/ReleaseFeedAddress.h"
 #include "app/Version.h"
 
+#include <utility>
+
 namespace pello {
 
-AgentUpdates::AgentUpdates(PelloController& controller, const Platform& platform)
-    : controller_(controller), platform_(platform), reader_(platform.loop) {
+AgentUpdates::AgentUpdates(PelloController& controller, Platform platform)
+    : controller_(controller), platform_(std::move(platform)), reader_(platform_.loop) {
     controller_.onCheckForUpdates = [this] { checkForUpdates(); };
     controller_.onShowReleaseNotes = [this] { showReleaseNotes(); };
 }

@@ -15,7 +15,7 @@ namespace pello {
 class AgentUpdates {
 public:
     /// Installs itself in `controller`. Both must outlive this object, and the adapters too.
-    AgentUpdates(PelloController& controller, const Platform& platform);
+    AgentUpdates(PelloController& controller, Platform platform);
     ~AgentUpdates();
     AgentUpdates(const AgentUpdates&) = delete;
     AgentUpdates& operator=(const AgentUpdates&) = delete;

@@ -56,7 +56,7 @@ void ControlServer::remove(const Client& client) {
 
 void ControlServer::read(Client& client) {
     if (client.length) {
-        takeText(client);
+        takeText(client, *client.length);
     } else if (client.connection->received.find('\n') != std::string::npos) {
         takeLine(client);
     } else if (client.connection->received.size() > kMaximumLine) {
@@ -73,19 +73,19 @@ void ControlServer::takeLine(Client& client) {
         client.length = takeLength(client.verb);
     }
     if (client.length) {
-        takeText(client);
+        takeText(client, *client.length);
     } else {
         answer(client, client.verb);
     }
 }
 
 /// Hands the client over once the whole text is there.
-void ControlServer::takeText(Client& client) {
-    if (client.connection->received.size() < *client.length) {
+void ControlServer::takeText(Client& client, std::size_t length) {
+    if (client.connection->received.size() < length) {
         return;
     }
     std::string text = std::move(client.connection->received);
-    text.resize(*client.length);
+    text.resize(length);
     const std::string verb = std::move(client.verb);
     auto caller = std::make_unique<ControlCaller>(std::move(client.connection));
     remove(client);

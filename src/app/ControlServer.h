@@ -3,6 +3,7 @@
 #include "app/ControlCaller.h"
 #include "platform/linux/LocalServer.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -47,7 +48,7 @@ private:
     void add(std::unique_ptr<LocalConnection> connection);
     void read(Client& client);
     void takeLine(Client& client);
-    void takeText(Client& client);
+    void takeText(Client& client, std::size_t length);
     void answer(Client& client, std::string_view verb);
     void remove(const Client& client);
 
