@@ -14,9 +14,9 @@ constexpr std::array<std::string_view, 12> kMonths = {"jan", "feb", "mar", "apr"
 
 std::optional<int> wholeNumber(std::string_view text) {
     int value = 0;
-    const char* end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, value);
-    return error == std::errc() && rest == end ? std::optional(value) : std::nullopt;
+    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool isWhole = error == std::errc() && rest == text.data() + text.size();
+    return isWhole ? std::optional(value) : std::nullopt;
 }
 
 std::optional<unsigned> monthNamed(std::string_view text) {

@@ -124,7 +124,8 @@ std::strong_ordering operator<=>(const ReleaseVersion& left, const ReleaseVersio
         }
     }
     if (left.preliminary_.empty() || right.preliminary_.empty()) {
-        return left.preliminary_.empty() <=> right.preliminary_.empty();
+        const auto rank = [](const auto& pieces) { return pieces.empty() ? 1 : 0; };
+        return rank(left.preliminary_) <=> rank(right.preliminary_);
     }
     const std::size_t pieces = std::min(left.preliminary_.size(), right.preliminary_.size());
     for (std::size_t index = 0; index < pieces; ++index) {
