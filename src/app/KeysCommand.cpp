@@ -35,7 +35,7 @@ int run(const KeysCommand& /*command*/) {
     QtMainLoop loop;
     X11EventTap tap(loop);
     const bool isListening = tap.install(request, [](const InputEvent& event) {
-        std::cout << keyLine(event) << std::endl; // whoever watches wants it now
+        std::cout << keyLine(event) << '\n' << std::flush; // whoever watches wants it now
         return false;
     });
     if (!isListening) {
