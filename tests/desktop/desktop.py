@@ -9,7 +9,7 @@ import signal
 import subprocess
 import time
 
-from private_session import DEADLINE, Lines, PrivateSession
+from private_session import DEADLINE, Lines, PrivateSession, add_script, make_home
 
 PORTAL = "/org/freedesktop/portal/desktop"
 
@@ -33,15 +33,11 @@ class Desktop(PrivateSession):
         self._start_bus()
 
     def _environment(self):
-        folders = {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
-                   "XDG_DATA_DIRS": "system", "XDG_STATE_HOME": "state",
-                   "XDG_CACHE_HOME": "cache", "XDG_RUNTIME_DIR": "runtime"}
-        for name in [*folders.values(), "programs"]:
-            (self.folder / name).mkdir(mode=0o700)
-        (self.folder / "data/applications").mkdir()
+        home = make_home(self.folder)
+        for name in ("programs", "data/applications"):
+            (self.folder / name).mkdir()
         path = f"{self.folder / 'programs'}:{os.environ['PATH']}"
-        kept = {"PATH": path, "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb"}
-        return kept | {key: str(self.folder / name) for key, name in folders.items()}
+        return {"PATH": path, "QT_QPA_PLATFORM": "xcb"} | home
 
     @staticmethod
     def first_to_end(processes):
@@ -174,10 +170,7 @@ class Desktop(PrivateSession):
 
     def add_script(self, name, text):
         """Installs a script for this user, run by the shell."""
-        script = self.folder / "data/Pello/Scripts" / name
-        script.parent.mkdir(parents=True, exist_ok=True)
-        script.write_text("#!/bin/sh\n" + text)
-        script.chmod(0o700)
+        add_script(self.folder, name, text)
 
     def start_notification_daemon(self):
         """Shows notifications, and leaves each one's texts as a mark."""

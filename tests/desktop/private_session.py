@@ -15,6 +15,24 @@ import time
 DEADLINE = 30  # seconds, for any one thing to happen
 
 
+def make_home(folder):
+    """Makes the folders of a user's own below `folder`, and gives the environment for them."""
+    folders = {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
+               "XDG_DATA_DIRS": "system", "XDG_STATE_HOME": "state", "XDG_CACHE_HOME": "cache",
+               "XDG_RUNTIME_DIR": "runtime"}
+    for name in folders.values():
+        (folder / name).mkdir(mode=0o700)
+    return {"LANG": "C.UTF-8"} | {key: str(folder / name) for key, name in folders.items()}
+
+
+def add_script(folder, name, text):
+    """Installs a script for the user of `make_home`, run by the shell."""
+    script = folder / "data/Pello/Scripts" / name
+    script.parent.mkdir(parents=True, exist_ok=True)
+    script.write_text("#!/bin/sh\n" + text)
+    script.chmod(0o700)
+
+
 class Lines:
     """Lines that arrive in a file descriptor, waited for one by one."""
 

@@ -10,7 +10,7 @@ import tempfile
 import time
 import unittest
 
-from desktop import DEADLINE, Lines
+from private_session import DEADLINE, Lines, add_script, make_home
 
 PELLO = sys.argv[1]
 
@@ -22,13 +22,8 @@ class Terminal:
     def __init__(self, case):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pello-terminal-"))
         case.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
-        folders = {"HOME": "home", "XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data",
-                   "XDG_DATA_DIRS": "system", "XDG_STATE_HOME": "state",
-                   "XDG_CACHE_HOME": "cache", "XDG_RUNTIME_DIR": "runtime"}
-        for name in folders.values():
-            (self.folder / name).mkdir(mode=0o700)
-        self.environment = {"PATH": os.environ["PATH"], "LANG": "C.UTF-8", "SHELL": "/bin/sh"}
-        self.environment |= {key: str(self.folder / name) for key, name in folders.items()}
+        self.environment = make_home(self.folder)
+        self.environment |= {"PATH": os.environ["PATH"], "SHELL": "/bin/sh"}
         self.marks = self._pipe(case, "marks")
         self.output = self._pipe(case, "output")
         self.case = case
@@ -49,12 +44,6 @@ class Terminal:
         entry = self.folder / "data/applications" / f"{name}.desktop"
         entry.parent.mkdir(exist_ok=True)
         entry.write_text(f"[Desktop Entry]\nType=Application\nName={name}\nExec={leave_mark}\n")
-
-    def add_script(self, name, text):
-        script = self.folder / "data/Pello/Scripts" / name
-        script.parent.mkdir(parents=True, exist_ok=True)
-        script.write_text("#!/bin/sh\n" + text)
-        script.chmod(0o700)
 
     def start(self):
         """Starts the program below a line of a shell's, and notes the terminal's modes before and
@@ -142,7 +131,7 @@ class TerminalTest(unittest.TestCase):
         self.assertNotIn("───", "".join(rows))  # a small window has no line to spare
 
     def test_what_happens_meanwhile_is_seen_without_a_key(self):
-        self.terminal.add_script("post", f"""# pello.name: Post
+        add_script(self.terminal.folder, "post", f"""# pello.name: Post
 # pello.confirm: true
 read line <'{self.terminal.folder}/go'
 echo 'no network' >&2
