@@ -284,15 +284,7 @@ TEST_F(HotkeyManagerTest, ChecksItsTapOnWake) {
 }
 
 TEST_F(HotkeyManagerTest, LeavesNothingBehind) {
-    auto other = std::make_unique<HotkeyManager>(HotkeyManager::Ports{.loop = keyboard.loop,
-                                                                      .tap = tap,
-                                                                      .permissions = permissions,
-                                                                      .layout = keyboard.layout,
-                                                                      .session = keyboard.session,
-                                                                      .shell = keyboard.shell,
-                                                                      .program = keyboard.program,
-                                                                      .defaults = keyboard.defaults,
-                                                                      .log = keyboard.log});
+    auto other = std::make_unique<HotkeyManager>(keyboard.ports());
     other->configure(rightCommand);
     InputEvent stall{.kind = InputEvent::Kind::disabledByTimeout};
     tap.happen(stall);

@@ -147,13 +147,6 @@ TEST_F(UsageStoreTest, PruningForgetsWhatIsGone) {
     EXPECT_EQ(defaults_.writeCount(), writes) << "nothing to forget, nothing written";
 }
 
-TEST_F(UsageStoreTest, ForgettingLeavesNothing) {
-    store_.record("app:x", "x");
-    store_.forgetAll();
-    EXPECT_EQ(store_.boost("app:x", "x"), 0);
-    EXPECT_EQ(reopened().boost("app:x", "x"), 0);
-}
-
 TEST_F(UsageStoreTest, TakesOverWhatAnotherProcessLearned) {
     int changes = 0;
     const auto subscription = store_.changed.connect([&] { ++changes; });

@@ -64,17 +64,6 @@ TEST_F(InsertTest, WhatIsCopiedMeanwhileStays) {
     EXPECT_EQ(pasteboard.text(), "42") << "copied from the panel";
 }
 
-TEST_F(InsertTest, SeveralAreAllPastedAndTheUsersTextComesBack) {
-    actions.insert("a");
-    loop.advance(60ms);
-    actions.insert("b");
-    loop.advance(400ms);
-    actions.insert("c");
-    loop.advance(2s);
-    EXPECT_THAT(pasted, ElementsAre("a", "b", "c"));
-    EXPECT_EQ(pasteboard.text(), "former");
-}
-
 TEST_F(InsertTest, TheNextOneWaitsUntilTheOtherProgramHasFetchedTheText) {
     actions.insert("a");
     actions.insert("b");

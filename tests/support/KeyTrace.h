@@ -35,6 +35,11 @@ public:
 
     std::string play(std::string_view trace);
 
+    /// What listeners on this keyboard work with.
+    HotkeyManager::Ports ports() {
+        return {loop, tap, permissions, layout, session, shell, program, defaults, log};
+    }
+
     /// The log lines since the last call.
     std::vector<std::string> newLog();
 
@@ -47,15 +52,7 @@ public:
     MemoryOwnProgram program{loop};
     MemoryUserDefaults defaults;
     MemoryLog log;
-    HotkeyManager manager{{.loop = loop,
-                           .tap = tap,
-                           .permissions = permissions,
-                           .layout = layout,
-                           .session = session,
-                           .shell = shell,
-                           .program = program,
-                           .defaults = defaults,
-                           .log = log}};
+    HotkeyManager manager{ports()};
 
 private:
     void step(std::string_view word);

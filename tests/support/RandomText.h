@@ -24,9 +24,6 @@ public:
         return result;
     }
 
-    /// A query of 1 to `most` letters in lower case.
-    std::string query(std::size_t most) { return "abc-1"[below(5)] + text(most - 1, "abcab-12"); }
-
 private:
     std::mt19937_64 generator_;
 };

@@ -18,15 +18,6 @@ protected:
     PanelKeysTest() { controller.show(); }
 };
 
-TEST_F(PanelKeysTest, EveryLetterShowsItsRowsAndReturnRunsTheFirst) {
-    type("saf");
-    EXPECT_THAT(rows(), ElementsAre("[Safari]", "Safe Mode"));
-    press(Qt::Key_Return);
-    launcher.loop.settle();
-    EXPECT_THAT(launcher.opened(), ElementsAre("Safari"));
-    EXPECT_FALSE(panel.isPresented());
-}
-
 TEST_F(PanelKeysTest, ArrowsAndTheirLettersStepThroughTheRowsAndStopAtTheLast) {
     launcher.install({"Oolong 1", "Oolong 2"});
     type("oolong");
@@ -157,15 +148,6 @@ TEST_F(PanelKeysTest, TabAndTheRightArrowAtTheEndTakeTheCompletion) {
     EXPECT_EQ(text(), "safari");
 }
 
-TEST_F(PanelKeysTest, EscapeClearsTheTextFirstAndThenCloses) {
-    type("saf");
-    press(Qt::Key_Escape);
-    EXPECT_EQ(text(), "");
-    EXPECT_TRUE(panel.isPresented());
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(panel.isPresented());
-}
-
 TEST_F(PanelKeysTest, UpOnTheFirstRowRecallsAndDownGoesBack) {
     launcher.pick("term");
     launcher.pick("text");
@@ -204,13 +186,6 @@ TEST_F(PanelKeysTest, ControlAndADigitRunThatRow) {
     EXPECT_THAT(launcher.opened(), ElementsAre("Safe Mode"));
 }
 
-TEST_F(PanelKeysTest, ControlRRevealsTheSelectedRow) {
-    type("saf");
-    press(Qt::Key_R, Qt::ControlModifier);
-    EXPECT_THAT(launcher.workspace.revealed, ElementsAre(launcher.path("Safari")));
-    EXPECT_FALSE(panel.isPresented());
-}
-
 TEST_F(PanelKeysTest, TextBeingComposedIsNotSearched) {
     type("sa");
     QInputMethodEvent composing("f", {});
@@ -220,14 +195,6 @@ TEST_F(PanelKeysTest, TextBeingComposedIsNotSearched) {
     committing.setCommitString("f");
     QApplication::sendEvent(&panel.field(), &committing);
     EXPECT_EQ(controller.query(), "saf");
-}
-
-TEST_F(PanelKeysTest, APrefilledPanelTakesLettersAtItsEnd) {
-    controller.hide();
-    controller.show("te");
-    type("x");
-    EXPECT_EQ(text(), "tex");
-    EXPECT_THAT(rows(), ElementsAre("[Text Editor]"));
 }
 
 } // namespace

@@ -154,12 +154,5 @@ TEST_F(PanelWindowTest, ClosingItFromOutsideOnlyHidesIt) {
     EXPECT_EQ(text(), "") << "each summons begins anew";
 }
 
-TEST_F(PanelWindowTest, AssistiveTechnologyIsToldWholeRows) {
-    const auto row = panel.list().model()->index(0, 0).data(Qt::AccessibleTextRole).toString();
-    EXPECT_TRUE(row.startsWith("Safari, ")) << row.toStdString();
-    EXPECT_FALSE(panel.field().accessibleName().isEmpty());
-    EXPECT_FALSE(panel.list().accessibleName().isEmpty());
-}
-
 } // namespace
 } // namespace pello

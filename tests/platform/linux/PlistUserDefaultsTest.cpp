@@ -158,20 +158,6 @@ TEST_F(PlistUserDefaultsTest, TheEndFlushesAndOutlivesNothing) {
     EXPECT_EQ(onDisk(), (PropertyDictionary{{"a", 2}}));
 }
 
-TEST_F(PlistUserDefaultsTest, ProcessesThatChangeDifferentKeysLoseNothing) {
-    setElsewhere("unknown", PropertyArray{1, 2});
-    const auto program = start();
-    const auto commandLine = start();
-    program->set("program", 1);
-    commandLine->set("line", 2);
-    program->remove("line");
-    EXPECT_TRUE(commandLine->flush());
-    EXPECT_TRUE(program->flush());
-    EXPECT_EQ(onDisk(),
-              (PropertyDictionary{{"line", 2}, {"program", 1}, {"unknown", PropertyArray{1, 2}}}));
-    EXPECT_THAT(program->value("line"), Optional(PropertyValue(2)));
-}
-
 TEST_F(PlistUserDefaultsTest, NoticesWhatOthersWroteAndIsDeafToItself) {
     const auto defaults = start();
     defaults->set("theirs", 1);

@@ -97,15 +97,10 @@ protected:
 
 TEST_P(X11EventTapTest, ShortTapsOfAModifierAloneActivate) {
     const HotkeyConfiguration right = tapping(Activation::rightCommand);
-    EXPECT_EQ(play(right, "d:rcmd t:200 u:rcmd"), "activate");
-    EXPECT_EQ(play(right, "d:rcmd t:400 u:rcmd"), "");
-    EXPECT_EQ(play(right, "d:rcmd p:a u:rcmd"), "");
-    EXPECT_EQ(play(right, "d:rcmd b:1 u:rcmd"), "");
-    EXPECT_EQ(play(right, "d:rcmd b:4 u:rcmd"), "");
-    EXPECT_EQ(play(right, "d:rcmd p:rsh u:rcmd"), "");
-    EXPECT_EQ(play(right, "d:lsh p:rcmd u:lsh"), "");
-    EXPECT_EQ(play(right, "p:lcmd"), "");
-    EXPECT_EQ(play(right, "d:lcmd p:rcmd u:lcmd"), "activate");
+    EXPECT_EQ(play(right, "d:lcmd p:rcmd u:lcmd p:lcmd"), "activate");
+    for (const char* spoilt : {"t:400", "p:a", "b:1", "b:4", "p:rsh"}) {
+        EXPECT_EQ(keyboard_.play(std::string("d:rcmd ") + spoilt + " u:rcmd"), "") << spoilt;
+    }
     EXPECT_EQ(play(tapping(Activation::rightControl), "p:rctl p:lctl"), "activate");
     EXPECT_EQ(play(tapping(Activation::rightOption), "p:ropt p:lopt"), "activate");
 }
