@@ -113,7 +113,7 @@ void DesktopWorkspace::reveal(const std::filesystem::path& file) {
                               startOpener(file.parent_path().native(), subject);
                           }
                       });
-}
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): who waits for the reply has the function
 
 void DesktopWorkspace::start(const ProcessPlan& plan, const std::string& id,
                              const std::string& subject) {

@@ -18,7 +18,10 @@ std::optional<sockaddr_un> localAddress(const std::string& path) {
 
 FileDescriptor connectedTo(const std::string& path) {
     const auto address = localAddress(path);
-    FileDescriptor socket(address ? ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0) : -1);
+    if (!address) {
+        return FileDescriptor();
+    }
+    FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const auto* target = reinterpret_cast<const sockaddr*>(&*address);
     const bool isConnected = socket && ::connect(socket.number(), target, sizeof *address) == 0;
     return isConnected ? std::move(socket) : FileDescriptor();
