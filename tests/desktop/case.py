@@ -75,4 +75,4 @@ class LauncherCase(unittest.TestCase):
 
 
 def run():
-    unittest.main(argv=sys.argv[:1], verbosity=2)
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2)

@@ -65,11 +65,13 @@ class Desktop(PrivateSession):
             return window[1] if window and int(window[1], 16) else None
 
         def is_it(line):
-            # The line may be an old one, and its window's id taken again since.
+            # The line may be an old one, and its window's id taken again since, even by a window
+            # that is not shown yet.
             window = active(line)
             if window and window == active(self.run("xprop", "-root", "_NET_ACTIVE_WINDOW")):
                 with contextlib.suppress(subprocess.CalledProcessError):  # it may have gone
-                    if f'"{title}"' in self.run("xprop", "-id", window, "WM_NAME"):
+                    found = self.run("xprop", "-id", window, "WM_NAME", "WM_STATE")
+                    if f'"{title}"' in found and "Normal" in found:
                         return window
             return None
 
