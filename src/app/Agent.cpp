@@ -63,6 +63,7 @@ public:
                 caller->answer(unknown(verb).line);
             }
         };
+        keyboard_.panelWindow = [this] { return static_cast<std::uint32_t>(panel_.winId()); };
         tray_.onSettings = [this] { settings_.present(); };
         tray_.onGuide = [this] { guide_.present(); };
     }

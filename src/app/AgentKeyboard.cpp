@@ -59,9 +59,14 @@ AgentKeyboard::AgentKeyboard(PelloController& controller, const Platform& platfo
                 .defaults = platform.defaults,
                 .log = platform.log}),
       control_(controller, manager_, shell_),
-      claim_(platform.loop, [this] { return tap_.hasKeyboard(); }) {
+      claim_(platform.loop, tap_) {
     control_.beforeOpening = [this](std::function<void()> open) {
-        claim_.begin([open = std::move(open)](X11KeyboardClaim::Outcome /*outcome*/) { open(); });
+        if (controller_.isPresented()) {
+            open(); // the keyboard is the panel's already
+            return;
+        }
+        claim_.begin(panelWindow ? panelWindow() : 0,
+                     [open = std::move(open)](X11KeyboardClaim::Outcome /*outcome*/) { open(); });
     };
 }
 

@@ -42,6 +42,9 @@ public:
         control_.takesActivation = std::move(takes);
     }
 
+    /// The X server's number of the window that gets what is typed after its key.
+    std::function<std::uint32_t()> panelWindow;
+
     /// Emitted after something of the listener changed.
     [[nodiscard]] Signal<>& changed() { return manager_.changed; }
 

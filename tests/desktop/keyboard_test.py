@@ -77,6 +77,22 @@ class KeyboardTest(case.LauncherCase):
         typed.until(lambda line: heard.append(line) or "keysym 0x7a, z" in line, "the last letter")
         self.assertFalse([line for line in heard if "space" in line or "keysym 0x67" in line])
 
+    def test_keys_that_follow_the_combo_at_once_land_in_the_panel(self):
+        self.set("activation", "keyCombo")
+        self.start_pello()
+        self.desktop.watch(["xev", "-name", "Editor"])
+        self.desktop.wait_for_active("Editor")
+        self.desktop.run("xdotool", "key", "a")  # a keyboard of its own: the manager claims again
+        self.wait_for_health(lambda lines: "⌥Space         taken" in lines)
+        self.summon("zebra")
+        self.wait_for_rows(1)
+        self.desktop.key("Escape", "Escape")
+        self.wait_until_closed()
+        for _ in range(5):
+            self.desktop.wait_for_active("Editor")
+            self.desktop.run("xdotool", "key", "--delay", 2, "alt+space", *"zebra", "Return")
+            self.expect_mark("Zebra")
+
     def test_an_open_menu_gives_way_to_the_panel(self):
         self.start_pello()
         self.desktop.watch(["xev", "-name", "Editor"])

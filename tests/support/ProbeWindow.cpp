@@ -44,11 +44,16 @@ ProbeWindow::ProbeWindow(Manager manager) : window_(xcb_generate_id(connection_.
         // Where a manager gives it the focus besides, that is no harm. Until the manager has mapped
         // its frame, the answer is an error.
         if (kind == XCB_MAP_NOTIFY || kind == 0) {
-            xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_PARENT, window_,
-                                XCB_CURRENT_TIME);
-            xcb_flush(connection_.get());
+            takeFocus();
         }
     }
+}
+
+void ProbeWindow::takeFocus() {
+    xcb_connection_t* x = connection_.get();
+    xcb_set_input_focus(x, XCB_INPUT_FOCUS_PARENT, window_, XCB_CURRENT_TIME);
+    const XcbReply<xcb_get_input_focus_reply_t> done(
+        xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr));
 }
 
 XcbReply<xcb_generic_event_t> ProbeWindow::next() {

@@ -33,6 +33,10 @@ public:
     /// Follows what came in without waiting. Whether the menu is still open.
     bool isMenuOpen();
 
+    /// Takes the focus back from another window. Waits for the server.
+    void takeFocus();
+
+    [[nodiscard]] xcb_window_t id() const { return window_; }
     [[nodiscard]] const X11Connection& connection() const { return connection_; }
 
 private:

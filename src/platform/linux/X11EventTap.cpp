@@ -74,8 +74,14 @@ bool X11EventTap::isSettled() const {
     return !listener_ || listener_->isSettled();
 }
 
-bool X11EventTap::hasKeyboard() const {
-    return listener_ && listener_->hasKeyboard();
+X11EventTap::Keeping X11EventTap::keepKeysBack(std::uint32_t window) {
+    return isEnabled() ? listener_->keepKeysBack(window) : Keeping::refused;
+}
+
+void X11EventTap::deliverKeys() {
+    if (listener_) {
+        listener_->deliverKeys();
+    }
 }
 
 } // namespace pello

@@ -46,9 +46,22 @@ public:
     /// a combo that both want may be theirs for some moments.
     [[nodiscard]] bool isSettled() const;
 
-    /// Whether keys go to this tap alone at the moment: the keyboard is held, or a key that was
-    /// taken is still down.
-    [[nodiscard]] bool hasKeyboard() const;
+    /// What became of the wish to keep keys back.
+    enum class Keeping {
+        begun,
+        /// Another program holds the keyboard, as open menus do.
+        takenByAnother,
+        /// The tap is not installed, or holds the keyboard itself, or the server does not let it.
+        refused
+    };
+
+    /// The server keeps every key back until the focus comes to `window` or `deliverKeys` is
+    /// called, and then gives them, in order, to whoever has the focus. For moments in which it is
+    /// about to move. Waits for the server's answer.
+    [[nodiscard]] Keeping keepKeysBack(std::uint32_t window);
+
+    /// Nothing happens where none are kept back.
+    void deliverKeys();
 
 private:
     MainLoop& loop_;

@@ -44,6 +44,18 @@ X11Grab::State stateIn(const xcb_input_xi_passive_grab_device_reply_t& reply) {
     return X11Grab::State::held;
 }
 
+X11Grab::State stateIn(const xcb_input_xi_grab_device_reply_t& reply) {
+    switch (reply.status) {
+    case XCB_GRAB_STATUS_SUCCESS:
+        return X11Grab::State::held;
+    case XCB_GRAB_STATUS_ALREADY_GRABBED:
+    case XCB_GRAB_STATUS_FROZEN:
+        return X11Grab::State::takenByAnother;
+    default:
+        return X11Grab::State::refused;
+    }
+}
+
 } // namespace
 
 X11Grabs::X11Grabs(xcb_connection_t* connection, xcb_window_t root, std::uint16_t keyboard,
@@ -98,14 +110,18 @@ void X11Grabs::giveUp() {
     }
 }
 
-bool X11Grabs::holdKeyboard() {
+X11Grab::State X11Grabs::grabKeyboard(std::uint8_t mode) {
     const XcbReply<xcb_input_xi_grab_device_reply_t> reply(xcb_input_xi_grab_device_reply(
         connection_,
         xcb_input_xi_grab_device(connection_, root_, XCB_CURRENT_TIME, XCB_CURSOR_NONE, keyboard_,
-                                 XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_MODE_22_ASYNC,
-                                 XCB_INPUT_GRAB_OWNER_NO_OWNER, 1, &kEvents),
+                                 mode, XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_OWNER_NO_OWNER,
+                                 1, &kEvents),
         nullptr));
-    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    return reply ? stateIn(*reply) : X11Grab::State::refused;
+}
+
+X11Grab::State X11Grabs::holdKeyboard() {
+    return grabKeyboard(XCB_INPUT_GRAB_MODE_22_ASYNC);
 }
 
 /// Waits: a busy server may otherwise be given the next keys before it comes to this.
@@ -113,6 +129,16 @@ void X11Grabs::releaseKeyboard() {
     const auto request =
         xcb_input_xi_ungrab_device_checked(connection_, XCB_CURRENT_TIME, keyboard_);
     const XcbReply<xcb_generic_error_t> error(xcb_request_check(connection_, request));
+}
+
+/// A frozen keyboard: events wait in the server, whoever they will be for.
+X11Grab::State X11Grabs::keepKeysBack() {
+    return grabKeyboard(XCB_INPUT_GRAB_MODE_22_SYNC);
+}
+
+void X11Grabs::deliverKeys() {
+    xcb_input_xi_ungrab_device(connection_, XCB_CURRENT_TIME, keyboard_);
+    xcb_flush(connection_);
 }
 
 } // namespace pello

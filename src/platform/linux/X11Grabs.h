@@ -27,11 +27,18 @@ public:
 
     [[nodiscard]] const std::vector<X11Grab>& grabs() const { return grabs_; }
 
-    /// Takes every key from here to `releaseKeyboard`. Whether it could. Both wait for the server.
-    bool holdKeyboard();
+    /// Takes every key from here to `releaseKeyboard`: `held`, `takenByAnother` or `refused`. Both
+    /// wait for the server.
+    X11Grab::State holdKeyboard();
     void releaseKeyboard();
 
+    /// Lets the server keep every key back from here to `deliverKeys`, with the same answers. The
+    /// keys are lost to nobody: whoever has the focus then gets them.
+    X11Grab::State keepKeysBack();
+    void deliverKeys();
+
 private:
+    X11Grab::State grabKeyboard(std::uint8_t mode);
     void giveUp();
 
     xcb_connection_t* connection_;

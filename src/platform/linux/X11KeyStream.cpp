@@ -55,14 +55,14 @@ void X11KeyStream::setModifiers(std::uint8_t modifiers, std::uint8_t locked) {
 
 void X11KeyStream::setHolding(bool isHolding) {
     if (std::exchange(isHolding_, isHolding) && !isHolding) {
-        for (auto& [key, down] : down_) {
-            down.isGrabbed = false;
-        }
+        grabEnded();
     }
 }
 
-bool X11KeyStream::hasGrabbedKey() const {
-    return std::ranges::any_of(down_, [](const auto& entry) { return entry.second.isGrabbed; });
+void X11KeyStream::grabEnded() {
+    for (auto& [key, down] : down_) {
+        down.isGrabbed = false;
+    }
 }
 
 void X11KeyStream::rawPress(xcb_keycode_t key) {

@@ -50,12 +50,11 @@ public:
     void setMap(const Map& map) { map_ = map; }
     void setModifiers(std::uint8_t modifiers, std::uint8_t locked);
 
-    /// Whether every key is grabbed from now on. No grab tells of releases after the last one
-    /// ended.
+    /// Whether every key is grabbed from now on.
     void setHolding(bool isHolding);
 
-    /// Whether a key that a grab took is still down.
-    [[nodiscard]] bool hasGrabbedKey() const;
+    /// The grab of the moment ended before its key came up, so none tells of the release.
+    void grabEnded();
 
     void rawPress(xcb_keycode_t key);
     void rawRelease(xcb_keycode_t key);

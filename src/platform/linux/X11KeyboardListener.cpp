@@ -38,6 +38,12 @@ void selectInput(xcb_connection_t* connection, xcb_window_t root) {
     xcb_input_xi_select_events(connection, root, 2, &wanted.devices);
 }
 
+/// Whether the focus came, and no grab began or ended, and not the pointer under such a focus.
+bool isFocus(const xcb_focus_in_event_t& event) {
+    return (event.mode == XCB_NOTIFY_MODE_NORMAL || event.mode == XCB_NOTIFY_MODE_WHILE_GRABBED) &&
+           event.detail != XCB_NOTIFY_DETAIL_POINTER;
+}
+
 /// Whether `event` came after the request of this number was answered; numbers wrap.
 bool isAfter(const xcb_generic_event_t& event, std::uint32_t request) {
     return static_cast<std::int32_t>(event.full_sequence - request) >= 0;
@@ -128,6 +134,8 @@ void X11KeyboardListener::handle(const xcb_generic_event_t& event) {
     } else if (type == XCB_PROPERTY_NOTIFY &&
                as<xcb_property_notify_event_t>(event).atom == windowManager_) {
         claimLater();
+    } else if (type == XCB_FOCUS_IN && isFocus(as<xcb_focus_in_event_t>(event))) {
+        deliverKeys();
     }
 }
 
@@ -260,7 +268,8 @@ std::uint64_t X11KeyboardListener::heldModifiers() {
 }
 
 void X11KeyboardListener::holdKeyboard() {
-    isHolding_ = grabs_->holdKeyboard();
+    isHolding_ = grabs_->holdKeyboard() == X11Grab::State::held;
+    isKeepingBack_ = isKeepingBack_ && !isHolding_;
     stream_.setHolding(isHolding_);
     readEventsSoon();
 }
@@ -270,6 +279,29 @@ void X11KeyboardListener::releaseKeyboard() {
         grabs_->releaseKeyboard();
         stream_.setHolding(false);
         readEventsSoon();
+    }
+}
+
+X11EventTap::Keeping X11KeyboardListener::keepKeysBack(xcb_window_t window) {
+    if (isHolding_) {
+        return X11EventTap::Keeping::refused;
+    }
+    const std::uint32_t events = XCB_EVENT_MASK_FOCUS_CHANGE;
+    xcb_change_window_attributes(connection_.get(), window, XCB_CW_EVENT_MASK, &events);
+    const X11Grab::State state = grabs_->keepKeysBack();
+    isKeepingBack_ = state == X11Grab::State::held;
+    readEventsSoon();
+    if (isKeepingBack_) {
+        return X11EventTap::Keeping::begun;
+    }
+    return state == X11Grab::State::takenByAnother ? X11EventTap::Keeping::takenByAnother
+                                                   : X11EventTap::Keeping::refused;
+}
+
+void X11KeyboardListener::deliverKeys() {
+    if (std::exchange(isKeepingBack_, false)) {
+        grabs_->deliverKeys();
+        stream_.grabEnded();
     }
 }
 

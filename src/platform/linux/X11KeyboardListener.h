@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/EventTap.h"
 #include "platform/MainLoop.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11EventTap.h"
 #include "platform/linux/X11Grabs.h"
 #include "platform/linux/X11KeyStream.h"
 
@@ -38,10 +38,11 @@ public:
     [[nodiscard]] std::uint64_t heldModifiers();
     void holdKeyboard();
     void releaseKeyboard();
+    [[nodiscard]] X11EventTap::Keeping keepKeysBack(xcb_window_t window);
+    void deliverKeys();
 
     [[nodiscard]] const std::vector<X11Grab>& grabs() const { return grabs_->grabs(); }
     [[nodiscard]] bool isSettled() const { return claimsToCome_ == 0; }
-    [[nodiscard]] bool hasKeyboard() const { return isHolding_ || stream_.hasGrabbedKey(); }
 
 private:
     // Window managers claim their keys again when the keyboard's map changes or they start, and
@@ -86,6 +87,7 @@ private:
     xcb_atom_t windowManager_ = XCB_ATOM_NONE;
     bool isMapStale_ = false;
     bool isHolding_ = false;
+    bool isKeepingBack_ = false;
     bool isOver_ = false;
     std::optional<Snapshot> snapshot_;
     std::array<Subscription, kClaims.size()> claims_;

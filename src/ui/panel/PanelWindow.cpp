@@ -103,6 +103,7 @@ void PanelWindow::present() {
         list_.forgetPointerMoves();
     }
     show();
+    noticeFocus();
     takeKeyboard();
     activationCheck_.start(kActivationPatience);
 }
@@ -117,6 +118,17 @@ void PanelWindow::takeKeyboard() {
     raise();
     activateWindow();
     field_.setFocus();
+}
+
+/// Qt notices only some moments after a window was hidden that it lost the focus, and so does not
+/// tell of a focus that returns before.
+void PanelWindow::noticeFocus() {
+    if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow()) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QApplication::setActiveWindow(this);
+        QT_WARNING_POP
+    }
 }
 
 void PanelWindow::activationChanged() {

@@ -65,6 +65,7 @@ private:
     void restyle();
     void refresh();
     void takeKeyboard();
+    void noticeFocus();
     void openFailure(const ScriptFailure& failure);
     void activationChanged();
 

@@ -100,10 +100,8 @@ TEST_F(X11KeyStreamTest, AGrabsEventStandsForTheRawOneOfTheSameKey) {
     EXPECT_EQ(told(), "");
     stream_.grabbedPress(kSpace, kAlt, false);
     stream_.grabbedPress(kSpace, kAlt, true);
-    EXPECT_TRUE(stream_.hasGrabbedKey());
     stream_.rawRelease(kSpace);
     stream_.grabbedRelease(kSpace, kAlt);
-    EXPECT_FALSE(stream_.hasGrabbedKey());
     EXPECT_EQ(told(), "d49⌥ r49⌥ u49");
 }
 
