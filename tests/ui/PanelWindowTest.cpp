@@ -65,6 +65,20 @@ TEST_F(PanelWindowTest, AClickRunsTheRowItBeganAndEndedOn) {
     EXPECT_THAT(launcher.opened(), ElementsAre("Safe Mode"));
 }
 
+TEST_F(PanelWindowTest, AKeyHeldSinceBeforeItOpenedTypesNothing) {
+    controller.hide();
+    controller.show();
+    const auto space = [this](bool isRepeat) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", isRepeat);
+        QApplication::sendEvent(&panel.field(), &event);
+    };
+    space(true);
+    EXPECT_EQ(controller.query(), "");
+    space(false);
+    space(true);
+    EXPECT_EQ(controller.query(), "  ");
+}
+
 TEST_F(PanelWindowTest, TheHeightFollowsTheRowsAndTheWindowStays) {
     const QRect window = panel.geometry();
     const QRect two = panel.body();

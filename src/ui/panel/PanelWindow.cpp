@@ -97,6 +97,7 @@ void PanelWindow::present() {
         icons_.forgetMissing();
         failureRows_.select(std::nullopt);
         wasActive_ = false;
+        isKeyFromBefore_ = true;
         refresh();
         chooseScreen();
         place();
@@ -308,7 +309,9 @@ bool PanelWindow::event(QEvent* event) {
 
 bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &field_ && event->type() == QEvent::KeyPress) {
-        return keys_.handle(*static_cast<QKeyEvent*>(event));
+        auto& key = *static_cast<QKeyEvent*>(event);
+        isKeyFromBefore_ = isKeyFromBefore_ && key.isAutoRepeat();
+        return isKeyFromBefore_ || keys_.handle(key);
     }
     return QWidget::eventFilter(watched, event);
 }

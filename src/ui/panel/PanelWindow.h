@@ -94,6 +94,7 @@ private:
     int margin_ = 0;     // the shadow's room on each side; none without a compositor
     int bodyHeight_ = 0; // of the part that is shown; the window is higher
     bool wasActive_ = false;
+    bool isKeyFromBefore_ = false; // what repeats is the key that opened the panel, still held
     std::string shownQuery_;
     QTimer activationCheck_;
     std::optional<QPoint> grip_; // where the pointer holds the panel while dragging
