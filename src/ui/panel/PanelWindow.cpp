@@ -181,6 +181,9 @@ QRect PanelWindow::screenArea() const {
 
 /// Goes to the screen under the pointer: there the user is looking.
 void PanelWindow::chooseScreen() {
+    if (QGuiApplication::screens().size() == 1) {
+        return; // to ask where the pointer is would wait for the server
+    }
     if (auto* target = QGuiApplication::screenAt(QCursor::pos()); target && target != screen()) {
         setScreen(target);
     }

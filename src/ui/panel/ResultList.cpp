@@ -123,7 +123,7 @@ int ResultList::rowsInView() const {
 }
 
 void ResultList::forgetPointerMoves() {
-    pointer_ = QCursor::pos();
+    pointer_.reset(); // to ask where it is would wait for the server
     pressedRow_ = -1;
 }
 
@@ -133,7 +133,8 @@ void ResultList::mouseMoveEvent(QMouseEvent* event) {
         return;
     }
     const QPoint pointer = event->globalPosition().toPoint();
-    const bool hasMoved = pointer != pointer_; // rows also move under a pointer at rest
+    // Rows also move under a pointer at rest, which is told of as well.
+    const bool hasMoved = pointer_ && pointer != *pointer_;
     pointer_ = pointer;
     if (const int row = rowAt(*event); hasMoved && row >= 0 && onHover) {
         onHover(row);

@@ -68,7 +68,7 @@ private:
     ResultModel model_;
     ResultDelegate delegate_;
     IconLoader& icons_;
-    QPoint pointer_; // on the screen, when it last moved
+    std::optional<QPoint> pointer_; // on the screen, where it was seen last
     int pressedRow_ = -1;
     QString announced_; // the row that was told last, in words
 };
