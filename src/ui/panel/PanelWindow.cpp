@@ -104,7 +104,6 @@ void PanelWindow::present() {
         list_.forgetPointerMoves();
     }
     show();
-    noticeFocus();
     takeKeyboard();
     activationCheck_.start(kActivationPatience);
 }
@@ -119,17 +118,6 @@ void PanelWindow::takeKeyboard() {
     raise();
     activateWindow();
     field_.setFocus();
-}
-
-/// Qt notices only some moments after a window was hidden that it lost the focus, and so does not
-/// tell of a focus that returns before.
-void PanelWindow::noticeFocus() {
-    if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow()) {
-        QT_WARNING_PUSH
-        QT_WARNING_DISABLE_DEPRECATED
-        QApplication::setActiveWindow(this);
-        QT_WARNING_POP
-    }
 }
 
 void PanelWindow::activationChanged() {

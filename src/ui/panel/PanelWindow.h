@@ -65,7 +65,6 @@ private:
     void restyle();
     void refresh();
     void takeKeyboard();
-    void noticeFocus();
     void openFailure(const ScriptFailure& failure);
     void activationChanged();
 
