@@ -20,6 +20,10 @@ namespace pello {
 namespace {
 
 constexpr std::chrono::milliseconds kActivationPatience(50);
+
+// When Qt has noticed for certain that a window lost the focus, which takes it 100 ms.
+constexpr std::chrono::milliseconds kFocusPatience(100);
+
 constexpr int kRowsThatMustFit = 4;
 constexpr int kRowsBeyondTheLimit = 3; // answers, and what makes a search of the web
 
@@ -48,6 +52,7 @@ PanelWindow::PanelWindow(PelloController& controller, IconLoader& icons,
     setFocusProxy(&field_);
     field_.installEventFilter(this);
     activationCheck_.setSingleShot(true);
+    focusCheck_.setSingleShot(true);
     connectParts();
     restyle();
     controller_.setPanel(this);
@@ -67,8 +72,10 @@ void PanelWindow::connectParts() {
     connect(&activationCheck_, &QTimer::timeout, this, [this] {
         if (isVisible() && !isActiveWindow()) {
             takeKeyboard();
+            focusCheck_.start(kFocusPatience);
         }
     });
+    connect(&focusCheck_, &QTimer::timeout, this, &PanelWindow::noticeFocus);
     list_.onHover = [this](int row) { controller_.setSelection(row); };
     list_.onClick = [this](int row) {
         controller_.setSelection(row);
@@ -110,6 +117,7 @@ void PanelWindow::present() {
 
 void PanelWindow::dismiss() {
     activationCheck_.stop();
+    focusCheck_.stop();
     endDrag();
     hide();
 }
@@ -118,6 +126,17 @@ void PanelWindow::takeKeyboard() {
     raise();
     activateWindow();
     field_.setFocus();
+}
+
+/// Qt does not tell of a focus that returns before it has noticed its loss, as when the panel is
+/// opened again at once.
+void PanelWindow::noticeFocus() {
+    if (isVisible() && !isActiveWindow() && QGuiApplication::focusWindow() == windowHandle()) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QApplication::setActiveWindow(this);
+        QT_WARNING_POP
+    }
 }
 
 void PanelWindow::activationChanged() {

@@ -65,6 +65,7 @@ private:
     void restyle();
     void refresh();
     void takeKeyboard();
+    void noticeFocus();
     void openFailure(const ScriptFailure& failure);
     void activationChanged();
 
@@ -96,6 +97,7 @@ private:
     bool isKeyFromBefore_ = false; // what repeats is the key that opened the panel, still held
     std::string shownQuery_;
     QTimer activationCheck_;
+    QTimer focusCheck_;
     std::optional<QPoint> grip_; // where the pointer holds the panel while dragging
     std::vector<Subscription> subscriptions_;
 };
