@@ -75,6 +75,8 @@ class PanelTest(case.LauncherCase):
         self.desktop.type("beacon")
         self.desktop.key("Return")
         self.expect_mark("Alpha Beacon")
+        self.wait_for(lambda: self.desktop.run(PELLO, "learned"), lambda lines: "beacon" in lines,
+                      "written, which the launch does not wait for")
         kill(pello)
         pello = self.start_pello()
         self.desktop.run(PELLO, "settings", "set", "maximumResults", "5")
